@@ -1,0 +1,48 @@
+// device_cmds.cpp - output commands.
+#include "devices/device_cmds.h"
+
+#include "devices/embosser.h"
+#include "devices/postscript.h"
+#include "interp/diag.h"
+#include "shell/run_state.h"
+
+static const double *const P = run_state.param;
+
+int cmd_begin(const Command &) {
+  begin_job();
+  return 1;
+}
+
+int cmd_end(const Command &) {
+  end_job();
+  return 1;
+}
+
+int cmd_printer(const Command &) {
+  embosser.printer_output = 1;
+  return 1;
+}
+
+int cmd_plotter(const Command &) {
+  embosser.printer_output = 0;
+  return 1;
+}
+
+int cmd_on_off(const Command &) {
+  embosser.output_enabled = trunc_int(P[1]);
+  return 1;
+}
+
+int cmd_page(const Command &) {
+  int n = trunc_int(P[1]);
+  if (n < 1) {
+    compose("illegal page number %d (1-)", n);
+    return put_error(run_state.msg);
+  }
+  ps.page_counter = n;  // the number the next page of the document carries
+  return 1;
+}
+
+int cmd_postscript(const Command &) { return ps_command(run_state.fname0, 0); }
+
+int cmd_inkprint(const Command &) { return ps_command(run_state.fname0, 1); }

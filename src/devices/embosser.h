@@ -1,0 +1,51 @@
+// embosser.h - the byte streams of the three graphics embossers: plotter
+// mode, dot addresses, dot sizes, form feeds and whole pages from the dot map.
+#ifndef TACTO_DEVICES_EMBOSSER_H
+#define TACTO_DEVICES_EMBOSSER_H
+
+#include <cstdio>
+
+struct Embosser {
+  FILE *out;              // receives embosser bytes (standard output by default)
+  int output_enabled;     // 0: nothing is written and emit reports 0
+  int output_suppressed;  // 1: nothing is written but emit reports 1
+  int plotter_mode;       // the enter sequence was sent
+  int everest_setup_sent; // the Everest-D set-up block was sent
+  int printer_output;     // set by `printer`, cleared by `plotter`
+  int job_open;           // begin ... end
+};
+extern Embosser embosser;
+
+// Restores start-up defaults: standard output, enabled, plotter mode not entered.
+void reset_embosser();
+
+// Writes text byte by byte; 0 when output is disabled.
+int emit(const char *text, int length);
+
+// Enters / leaves plotter mode (sends nothing outside run mode 0 or in PostScript).
+void enter_plotter_mode();
+void leave_plotter_mode();
+
+// The four address bytes of a device cell.
+void emit_dot_address(int row, int col);
+
+// A pen-up move: GS and the address.
+void emit_move(int row, int col);
+
+// An Everest-D dot line "%.2f:%.2f\n" for a grid dot.
+void emit_everest_dot(int dx, int dy);
+
+// The size command ESC ESC D and the code.
+void send_dot_size(int code);
+
+// The printer's page end, after leaving plotter mode.
+void send_form_feed();
+
+// Sends the page collected in the dot map; 0 with "no dot map".
+int print_dmap();
+
+// begin / end of an embosser job.
+void begin_job();
+void end_job();
+
+#endif

@@ -1,0 +1,188 @@
+// transform.cpp - world to dot mappings, rotation and mirroring.
+#include "geometry/transform.h"
+
+#include <cmath>
+
+#include "devices/embosser.h"
+#include "geometry/page.h"
+#include "interp/diag.h"
+#include "raster/dmap.h"
+#include "shell/run_state.h"
+
+Transform xform;
+
+void reset_transform() {
+  xform = Transform();
+  xform.degree_mode = 1;
+}
+
+double to_radian(double a) { return xform.degree_mode ? a * TACTO_DEGREE : a; }
+
+int set_rotate(int flag, double cx, double cy, double angle) {
+  switch (flag) {
+    case 1:
+      xform.rotate_on = 1;
+      xform.rotate_saved = 0;
+      xform.rotate_cx = static_cast<float>(cx);
+      xform.rotate_cy = static_cast<float>(cy);
+      xform.rotate_angle = static_cast<float>(to_radian(angle));
+      break;
+    case 2:
+      xform.rotate_saved = xform.rotate_on;
+      xform.rotate_on = 0;
+      break;
+    case 3:
+      xform.rotate_on = xform.rotate_saved;
+      xform.rotate_saved = 0;
+      break;
+    case 0:
+      xform.rotate_on = xform.rotate_saved = 0;
+      xform.rotate_cx = xform.rotate_cy = xform.rotate_angle = 0;
+      break;
+    default:
+      compose("illegal flag: %d (0-3)", flag);
+      put_error(run_state.msg);
+  }
+  return 0;
+}
+
+// Values this close to zero are taken as exactly zero.
+static double snap_zero(double v) { return (v > -0.00001 && v < 0.00001) ? 0.0 : v; }
+
+int rotate_point(double *x, double *y) {
+  if (!xform.rotate_on) return 0;
+  double a = xform.rotate_angle;
+  if (a == 0) return 1;
+  double cx = xform.rotate_cx, cy = xform.rotate_cy;
+  double r = sqrt(pow(*x - cx, 2.0) + pow(*y - cy, 2.0));
+  if (r == 0) return 1;
+  // Each output coordinate comes from the function well conditioned for it.
+  double alpha = acos((*x - cx) / r);
+  if (*y < cy) alpha = -alpha;
+  double beta = asin((*y - cy) / r);
+  if (*x < cx) beta = TACTO_PI - beta;
+  double ox = snap_zero(cos(alpha + a) * r);
+  double oy = snap_zero(sin(beta + a) * r);
+  *x = cx + ox;
+  *y = cy + oy;
+  return 1;
+}
+
+int set_mirror(int flag, double shift_mm) {
+  if (flag < 0 || flag > 1) {
+    compose("illegal flag %d (0-1)", flag);
+    return put_error(run_state.msg);
+  }
+  int switching = flag != xform.mirror_on;
+  int printer = page_geom.printer;
+  if (switching && (printer == ESA721 || printer == ESA600G)) {
+    // The page in hand was drawn the other way round: send it first.
+    if (dmap.in_use && dmap.has_dots) {
+      print_dmap();
+      clear_dmap();
+      dmap.has_dots = 0;
+    }
+    if (printer == ESA721) {
+      int target = run_state.output_target;
+      if (flag == 1) {
+        if (target == 2) embosser.output_enabled = 1;
+        if (target == 1) embosser.output_enabled = 0;
+        leave_plotter_mode();
+      } else if (target == 1 || target == 2) {
+        embosser.output_enabled = 1;
+      }
+    }
+  }
+  xform.mirror_on = flag;
+  xform.mirror_shift = static_cast<float>(shift_mm);
+  return 1;
+}
+
+int mirror_point(double *x) {
+  if (page_geom.printer != ESA721) return 1;
+  const FloatRect &w = page_geom.w;
+  *x = w.x1 - (*x - w.x0) - mm_to_dx(xform.mirror_shift);
+  return 1;
+}
+
+void transform_point(double *x, double *y) {
+  if (xform.rotate_on) rotate_point(x, y);
+  if (xform.mirror_on) mirror_point(x);
+}
+
+void dot_to_device(int dx, int dy, int *row, int *col) {
+  const PageGeom &g = page_geom;
+  if (g.portrait) {
+    *row = g.p.y1 - dy;
+    *col = dx;
+  } else {
+    *row = g.p.x1 - dx;
+    *col = g.p.y1 - dy;
+  }
+}
+
+// Grid coordinate of a world value along one axis, before rounding.
+static long double grid_of(double v, float w0, float w1, int p0, int p1) {
+  return (long double)(p1 - p0) * ((long double)v - w0) / ((long double)w1 - w0) + p0;
+}
+
+// The shared steps of the plot and move mappings; `clip` is the frame or the grid.
+static int map_rounded(double wx, double wy, const IntRect &clip, DotPos *pos) {
+  const PageGeom &g = page_geom;
+  if (!(wx >= g.w.x0 && wx <= g.w.x1)) return 0;
+  int dx = static_cast<int>(grid_of(wx, g.w.x0, g.w.x1, g.p.x0, g.p.x1) + 0.5L);
+  if (dx < clip.x0 || dx > clip.x1) return 0;
+  if (!(wy >= g.w.y0 && wy <= g.w.y1)) return 0;
+  int dy = static_cast<int>(grid_of(wy, g.w.y0, g.w.y1, g.p.y0, g.p.y1) + 0.5L);
+  if (dy < clip.y0 || dy > clip.y1) return 0;
+  pos->dx = dx;
+  pos->dy = dy;
+  dot_to_device(dx, dy, &pos->row, &pos->col);
+  return 1;
+}
+
+int map_plot(double wx, double wy, DotPos *pos) { return map_rounded(wx, wy, page_geom.f, pos); }
+
+int map_move(double wx, double wy, DotPos *pos) { return map_rounded(wx, wy, page_geom.p, pos); }
+
+int snap_to_dot(double *wx, double *wy) {
+  const PageGeom &g = page_geom;
+  if (!(*wx >= g.w.x0 && *wx <= g.w.x1 && *wy >= g.w.y0 && *wy <= g.w.y1)) return 0;
+  int dx = static_cast<int>(grid_of(*wx, g.w.x0, g.w.x1, g.p.x0, g.p.x1));
+  int dy = static_cast<int>(grid_of(*wy, g.w.y0, g.w.y1, g.p.y0, g.p.y1));
+  *wx = dot_to_world_x(dx);
+  *wy = dot_to_world_y(dy);
+  return 1;
+}
+
+int world_to_dot_x(double wx) {
+  const PageGeom &g = page_geom;
+  return static_cast<int>(grid_of(wx, g.w.x0, g.w.x1, g.p.x0, g.p.x1) + 0.5L);
+}
+
+int world_to_dot_y(double wy) {
+  const PageGeom &g = page_geom;
+  return static_cast<int>(grid_of(wy, g.w.y0, g.w.y1, g.p.y0, g.p.y1) + 0.5L);
+}
+
+double world_to_grid_x(double wx) {
+  const PageGeom &g = page_geom;
+  return static_cast<double>(grid_of(wx, g.w.x0, g.w.x1, g.p.x0, g.p.x1));
+}
+
+double world_to_grid_y(double wy) {
+  const PageGeom &g = page_geom;
+  return static_cast<double>(grid_of(wy, g.w.y0, g.w.y1, g.p.y0, g.p.y1));
+}
+
+double dot_to_world_x(int dx) {
+  const PageGeom &g = page_geom;
+  return static_cast<double>(((long double)g.w.x1 - g.w.x0) * (dx - g.p.x0) / (g.p.x1 - g.p.x0) +
+                             g.w.x0);
+}
+
+double dot_to_world_y(int dy) {
+  const PageGeom &g = page_geom;
+  return static_cast<double>(((long double)g.w.y1 - g.w.y0) * (dy - g.p.y0) / (g.p.y1 - g.p.y0) +
+                             g.w.y0);
+}

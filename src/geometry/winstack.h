@@ -1,0 +1,51 @@
+// winstack.h - the window stack behind nested programs: paste, rpaste and
+// include run another program with the caller's geometry, rotation,
+// mirroring and reading position saved, and restore them afterwards.
+#ifndef TACTO_GEOMETRY_WINSTACK_H
+#define TACTO_GEOMETRY_WINSTACK_H
+
+#include <cstdio>
+
+#include "geometry/page.h"
+
+enum : int {
+  STACK_BASE = 5,    // depth of the top-level program
+  STACK_LIMIT = 28,  // push refused from here on: 23 records at most
+};
+
+struct WinRecord {
+  FILE *program_stream;
+  char program_name[96];
+  IntRect p, f;
+  FloatRect w;
+  int line_number;
+  int rotate_on, rotate_saved;
+  float rotate_cx, rotate_cy, rotate_angle;
+  int mirror_on;
+  float mirror_shift;
+};
+
+struct WinStack {
+  WinRecord rec[STACK_LIMIT + 1];
+  int depth;
+  FILE *stream;  // the program being read now
+};
+extern WinStack stackwin;
+
+// Empties the stack (depth 5, no stream).
+void reset_winstack();
+
+// Makes a top-level program current (record 5, depth 5).
+void winstack_set_top(FILE *stream, const char *name);
+
+// Saves the current state; 0 with "push_win overflow deep = %d".
+int push_win(FILE *stream);
+
+// Restores the state of the current depth; 0 with "pop_win underflow deep = %d".
+int pop_win();
+
+// The paste and rpaste commands; include is paste at 0 0 with scale 1 1.
+int paste(const char *file, double ox, double oy, double bias_x, double bias_y);
+int rpaste(const char *file, double ox, double oy, double bias_x, double bias_y, double angle);
+
+#endif

@@ -1,0 +1,152 @@
+// diag.cpp - errors, warnings, the quit request and the two listing files.
+#include "interp/diag.h"
+
+#include <cstring>
+#include <strings.h>
+
+#include "platform/platform.h"
+#include "shell/run_state.h"
+
+DiagLists diag_lists;
+
+void reset_diag() {
+  diag_lists.log_file = nullptr;
+  diag_lists.error_file = nullptr;
+}
+
+void beep(int frequency, int duration) {
+  if (run_state.alarm == 0) return;
+  if (run_state.alarm == 2 && frequency != 220) return;  // errors only
+  for (int t = 50; t < duration; t += 50) platform_tone(frequency, 100);
+}
+
+void press_any_key(const char *prompt) {
+  fputs(prompt, stderr);
+  fflush(stderr);
+  get_key();
+}
+
+int put_error(const char *text) {
+  run_state.error_count++;
+  char line[192];
+  snprintf(line, sizeof line, "\nerror %d? %s line %d \"%s\": %s", run_state.error_count,
+           run_state.fname, run_state.line_number, run_state.cname, text);
+  fprintf(stderr, "\n%s", line);
+  fflush(stderr);
+  if (run_state.error_count > run_state.max_errors) return 0;
+  beep(220, 150);
+  if (strcasecmp(run_state.fname, "tacto") == 0) press_any_key("\n   press any key ? ");
+  if (run_state.errlist_on && diag_lists.error_file != nullptr) {
+    fputs(line, diag_lists.error_file);
+    fflush(diag_lists.error_file);
+  }
+  return 0;
+}
+
+int put_warning(const char *text) {
+  run_state.warning_count++;
+  char line[192];
+  snprintf(line, sizeof line, "\nwarning %d! %s line %d \"%s\": %s", run_state.warning_count,
+           run_state.fname, run_state.line_number, run_state.cname, text);
+  FILE *out = run_state.run_mode != MODE_NORMAL ? run_state.echo_out : stderr;
+  fputs(line, out);
+  fflush(out);
+  if (run_state.errlist_on && diag_lists.error_file != nullptr) {
+    fputs(line, diag_lists.error_file);
+    fflush(diag_lists.error_file);
+  }
+  beep(880, 200);
+  return 0;
+}
+
+void quit_job(int code) {
+  beep(220, 150);
+  fprintf(stderr, "   quit %d, press any key ? ", code);
+  fflush(stderr);
+  get_key();
+  run_state.quit_requested = 1;
+}
+
+// Picks the summary line by the two counters (0 and 1 take the singular).
+static const char *summary_format(const char *const forms[4]) {
+  int many_errors = run_state.error_count >= 2;
+  int many_warnings = run_state.warning_count >= 2;
+  return forms[many_errors + 2 * many_warnings];
+}
+
+// Writes a summary where the run mode says, and into `list` when it is open
+// and was not already the target.
+static void write_summary(const char *text, FILE *list) {
+  FILE *out = run_state.run_mode != MODE_NORMAL ? run_state.echo_out : stderr;
+  fputs(text, out);
+  fflush(out);
+  if (list != nullptr && list != out) fputs(text, list);
+}
+
+int log_list(int op) {
+  if (op == 1) {
+    if (run_state.log_on) log_list(2);
+    FILE *f = fopen(run_state.fname0, "w");
+    if (f == nullptr) {
+      char text[MSG_SIZE];
+      snprintf(text, sizeof text, "log %s can not open", run_state.fname0);
+      run_state.log_on = 0;
+      return put_error(text);
+    }
+    diag_lists.log_file = f;
+    run_state.run_mode = MODE_TEST;
+    run_state.saved_echo = run_state.echo_out;
+    run_state.echo_out = f;
+    run_state.log_on = 1;
+    fprintf(f, "   /// log list (%s) ///\n", run_state.fname0);
+    fprintf(f, "      (%24.24s)\n", local_time_text().c_str());
+    return 1;
+  }
+  static const char *const forms[4] = {
+      "   /// %d error and %d warning ///\n", "   /// %d errors and %d warning ///\n",
+      "   /// %d error and %d warnings ///\n", "   /// %d errors and %d warnings ///\n"};
+  char text[128];
+  snprintf(text, sizeof text, summary_format(forms), run_state.error_count, run_state.warning_count);
+  FILE *list = run_state.log_on ? diag_lists.log_file : nullptr;
+  write_summary(text, list);
+  if (list != nullptr) {
+    fclose(list);
+    diag_lists.log_file = nullptr;
+    run_state.log_on = 0;
+    run_state.run_mode = MODE_NORMAL;
+    run_state.echo_out = run_state.saved_echo;
+  }
+  return 1;
+}
+
+int error_list(int op) {
+  if (op == 1) {
+    if (run_state.errlist_on) error_list(2);
+    FILE *f = fopen(run_state.fname0, "w+");
+    if (f == nullptr) {
+      char text[MSG_SIZE];
+      snprintf(text, sizeof text, "%s can not open", run_state.fname0);
+      run_state.errlist_on = 0;
+      return put_error(text);
+    }
+    diag_lists.error_file = f;
+    run_state.errlist_on = 1;
+    fprintf(f, "   /// error list (%s) ///", run_state.fname0);
+    fprintf(f, "\n      (%24.24s)", local_time_text().c_str());
+    fflush(f);
+    return 1;
+  }
+  static const char *const forms[4] = {
+      "\n   /// %d error and %d warning ///", "\n   /// %d errors and %d warning ///",
+      "\n   /// %d error and %d warnings ///", "\n   /// %d errors and %d warnings ///"};
+  char text[128];
+  snprintf(text, sizeof text, summary_format(forms), run_state.error_count, run_state.warning_count);
+  FILE *list = run_state.errlist_on ? diag_lists.error_file : nullptr;
+  write_summary(text, list);
+  if (list != nullptr) {
+    fclose(list);
+    diag_lists.error_file = nullptr;
+    run_state.errlist_on = 0;
+  }
+  return 1;
+}

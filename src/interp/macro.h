@@ -1,0 +1,41 @@
+// macro.h - the macro table: words that stand for other text, entered by
+// `define` and removed by `undefine`, substituted into command words and
+// parameter texts by lookup.
+#ifndef TACTO_INTERP_MACRO_H
+#define TACTO_INTERP_MACRO_H
+
+enum : int {
+  MACRO_ENTRIES = 30,
+  MACRO_WORD_SIZE = 37,  // 36 characters and the terminator
+  MACRO_TEXT_SIZE = 95,  // replacements hold at most 29 characters
+  MACRO_TEXT_MAX = 29,
+};
+
+struct MacroEntry {
+  int number;                   // equals the record's position, from 1
+  char word[MACRO_WORD_SIZE];
+  char text[MACRO_TEXT_SIZE];
+};
+
+struct MacroTable {
+  int count;                            // entries in use, 0-30
+  MacroEntry entry[MACRO_ENTRIES + 1];  // entry[0] is the header slot
+};
+extern MacroTable vtab;
+
+// Empties the table.
+void reset_macros();
+
+// `define WORD TEXT`: enters or replaces a word; 0 after an error.
+int define_macro(const char *text);
+
+// `undefine WORD`: removes a word; 0 after an error.
+int undefine_macro(const char *text);
+
+// Mode 0: replaces run_state.cname by the first entry equal to it (with case).
+// Mode 1: substitutes (ignoring case, two passes) and evaluates every word of
+// run_state.ptr, writing the values back as "%.4f"; text commands keep all
+// but their first two words. Reports "lookup unevaluate"; 0 after an error.
+int lookup(int mode);
+
+#endif

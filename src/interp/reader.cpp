@@ -1,0 +1,197 @@
+// reader.cpp - the program reader: one line at a time, prefixes, comments,
+// indentation, macro substitution of the command word, assignments,
+// dispatch, and the step, error-limit and quit checks after each command.
+#include "interp/reader.h"
+
+#include <cstring>
+#include <strings.h>
+
+#include "devices/embosser.h"
+#include "devices/postscript.h"
+#include "interp/calc.h"
+#include "interp/commands.h"
+#include "interp/diag.h"
+#include "interp/macro.h"
+#include "platform/platform.h"
+#include "raster/plot.h"
+#include "shell/run_state.h"
+
+int line_prefix() {
+  RunState &r = run_state;
+  if (r.in_help) {
+    fprintf(stderr, "\nhelp %d: ", r.prompt_help++);
+  } else if (r.log_on) {
+    fprintf(stderr, "\nlog %d: ", r.prompt_log++);
+  } else if (r.run_mode == MODE_TEST) {
+    fprintf(stderr, "\ntest %d: ", r.prompt_test++);
+  } else if (r.run_mode == MODE_DEBUG) {
+    fprintf(stderr, "\ndebug %d: ", r.prompt_debug++);
+  } else if (!r.in_print && strcasecmp(r.fname, "console") == 0) {
+    fprintf(stderr, "\nconsole %d: ", r.prompt_console++);
+    r.in_console = 1;
+  }
+  fflush(stderr);
+  return 1;
+}
+
+int read_line(FILE *stream, char *buf) {
+  if (stream == nullptr || fgets(buf, 95, stream) == nullptr) return 0;
+  // Program files written on other systems end their lines with CR LF.
+  size_t n = strlen(buf);
+  if (n >= 2 && buf[n - 2] == '\r' && buf[n - 1] == '\n') {
+    buf[n - 2] = '\n';
+    buf[n - 1] = '\0';
+  }
+  return 1;
+}
+
+// Compares the first `n` letters of a word with a command, ignoring case.
+static int word_is(const char *word, const char *command, size_t n) {
+  return strlen(word) >= n && strncasecmp(word, command, n) == 0;
+}
+
+int is_text_command(const char *word) {
+  return word_is(word, "brl", 3) || word_is(word, "braille", 3) || word_is(word, "alphanumeric", 3) ||
+         word_is(word, "kanjikana", 4) || word_is(word, "kana", 4);
+}
+
+// Words that keep their command word as written: no macro substitution.
+static int keeps_command_word(const char *word) {
+  return word[0] == '\0' || is_text_command(word) || word_is(word, "define", 3) ||
+         word_is(word, "undefine", 3) || word_is(word, "//", 2);
+}
+
+// Echoes a comment line as it was read, in the echoing modes.
+static void echo_raw_line() {
+  if (echoing()) echo("%s", run_state.line_copy);
+}
+
+// Splits the prepared line into the command word and the parameter text.
+static void split_line(const char *line) {
+  size_t n = strcspn(line, " \n");
+  if (n >= NAME_SIZE) n = NAME_SIZE - 1;
+  memcpy(run_state.cname, line, n);
+  run_state.cname[n] = '\0';
+  const char *rest = line + strcspn(line, " \n");
+  if (*rest == ' ') {
+    while (*rest == ' ') rest++;
+  }
+  size_t m = strcspn(rest, "\n");
+  if (m >= LINE_SIZE) m = LINE_SIZE - 1;
+  memcpy(run_state.ptr, rest, m);
+  run_state.ptr[m] = '\0';
+}
+
+// `bye`: leaves the program, or in the console's test and debug modes only
+// the mode. Returns 1 when reading goes on.
+static int handle_bye() {
+  RunState &r = run_state;
+  r.leave_requested = 0;
+  if (r.in_console && (r.run_mode == MODE_TEST || r.run_mode == MODE_DEBUG) && !r.in_print) {
+    r.run_mode = MODE_NORMAL;
+    r.echo_out = r.saved_echo;
+    log_list(2);
+    return 1;
+  }
+  if (!r.in_console || r.in_print) {
+    if (r.run_mode != MODE_CONVERT) r.run_mode = MODE_NORMAL;
+    r.echo_out = r.saved_echo;
+    r.in_console = 1;
+  }
+  reset_macros();
+  log_list(2);
+  return 0;
+}
+
+// The checks after every command; 0 when the program ends here.
+static int after_command() {
+  RunState &r = run_state;
+  if (r.step_mode) {
+    fflush(stdout);
+    if (read_raw_key() == KEY_ESCAPE) r.step_mode = 0;
+  }
+  beep(1760, 50);
+  ps_flush();
+  if (r.error_count >= r.max_errors) {
+    // Nested programs end together; the prompt is shown once.
+    if (!r.run_aborted) {
+      fprintf(stderr, "\n !!! over max %d errors !!!\n press any key ? ", r.max_errors);
+      fflush(stderr);
+      get_key();
+      r.run_aborted = 1;
+    }
+    return 0;
+  }
+  return r.quit_requested ? 0 : 1;
+}
+
+int interpret(FILE *stream) {
+  RunState &r = run_state;
+  if (r.in_print && r.print_out != nullptr) r.echo_out = r.print_out;
+  else if (r.log_on && diag_lists.log_file != nullptr) r.echo_out = diag_lists.log_file;
+  else r.echo_out = r.std_out;
+  r.console_input = stream == stdin;
+
+  for (;;) {
+    line_prefix();
+    if (!read_line(stream, r.s)) break;
+    next_design(0);
+    r.line_number++;
+    copy_text(r.line_copy, LINE_SIZE, r.s);
+
+    // Leading blanks become the echo indentation; tabs stay.
+    size_t blanks = strspn(r.s, " ");
+    memset(r.indent, ' ', blanks);
+    r.indent[blanks] = '\0';
+    char *line = r.s + blanks;
+
+    if (strncmp(line, "/*", 2) == 0) {
+      r.comment_depth++;
+      echo_raw_line();
+      continue;
+    }
+    if (strncmp(line, "*/", 2) == 0) {
+      if (r.comment_depth == 0) {
+        echo_raw_line();
+        split_line(line);
+        put_error("unmatched */");
+        if (!after_command()) break;
+        continue;
+      }
+      if (r.comment_depth >= 2) {
+        r.comment_depth--;
+        echo_raw_line();
+        continue;
+      }
+      r.comment_depth = 0;
+      if (echoing()) echo("%s*/\n", r.indent);
+      if (line[2] == '\0' || line[3] == '\n' || line[3] == '\0') continue;
+      line += 2;
+      line += strspn(line, " ");
+      // The rest is a command line of its own.
+    } else if (r.comment_depth > 0) {
+      echo_raw_line();
+      continue;
+    }
+
+    split_line(line);
+    if (!keeps_command_word(r.cname)) lookup(0);
+
+    const Command *cmd = nullptr;
+    if (strchr(line, '=') != nullptr && !is_text_command(r.cname) && strncmp(line, "//", 2) != 0) {
+      copy_text(r.cname, NAME_SIZE, "assign");
+      evaluate(line);
+    } else {
+      cmd = match_command(r.cname);
+      dispatch(stream);
+    }
+    if (r.leave_requested) {
+      if (handle_bye()) continue;
+      break;
+    }
+    if (r.run_mode == MODE_CONVERT && cmd != nullptr && (cmd->flags & F_NO_STEP)) continue;
+    if (!after_command()) break;
+  }
+  if (embosser.job_open) end_job();
+  return 1;
+}

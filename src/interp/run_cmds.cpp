@@ -1,0 +1,122 @@
+// run_cmds.cpp - commands that act on the run state itself.
+#include "interp/run_cmds.h"
+
+#include "devices/embosser.h"
+#include "geometry/winstack.h"
+#include "interp/calc.h"
+#include "interp/commands.h"
+#include "interp/diag.h"
+#include "interp/help.h"
+#include "interp/macro.h"
+#include "platform/platform.h"
+#include "shell/run_state.h"
+
+int cmd_log(const Command &) {
+  if (run_state.run_mode != MODE_NORMAL) return 1;  // a trace run only echoes
+  return log_list(1);
+}
+
+int cmd_error(const Command &) { return error_list(1); }
+
+int cmd_calc(const Command &) { return calc_command(run_state.ptr); }
+
+int cmd_help(const Command &) {
+  fputs("Enter help mode and redirect to screen\n", run_state.echo_out);
+  fflush(run_state.echo_out);
+  run_state.in_help = 1;
+  help_browser(stackwin.stream != nullptr ? stackwin.stream : stdin);
+  run_state.in_help = 0;
+  return 1;
+}
+
+int cmd_step(const Command &) {
+  run_state.step_mode = 1;
+  return 1;
+}
+
+int cmd_nostep(const Command &) {
+  run_state.step_mode = 0;
+  return 1;
+}
+
+int cmd_alarm(const Command &) {
+  static const char *const echoes[3] = {"// no alarm!\n", "// alarm when executed or error happen!\n",
+                                        "// alarm only when error happen!\n"};
+  int level = trunc_int(run_state.param[1]);
+  if (level < 0 || level > 2) {
+    beep(220, 150);
+    return 0;
+  }
+  run_state.alarm = level;
+  if (echoing()) echo("%s", echoes[level]);
+  return 1;
+}
+
+int cmd_output(const Command &) {
+  run_state.echo_out = run_state.saved_echo = run_state.std_out;
+  return 1;
+}
+
+// `test` and `debug`: enter a trace mode from normal or the other one.
+static int enter_trace(int mode, const char *word, const char *already) {
+  RunState &r = run_state;
+  if (r.in_print) {
+    echo("%s%s //0 mode %d\n", r.indent, word, r.run_mode);
+    return 1;
+  }
+  if (r.run_mode == mode) return put_warning(already);
+  r.run_mode = mode;
+  r.saved_echo = r.echo_out;
+  if (r.echo_to_console) r.echo_out = stderr;
+  echo("%s%s // mode %d (return by 'bye').\n", r.indent, word, mode);
+  return 1;
+}
+
+int cmd_test(const Command &) { return enter_trace(MODE_TEST, "test", ": now on test mode"); }
+
+int cmd_debug(const Command &) { return enter_trace(MODE_DEBUG, "debug", ": now on debug mode"); }
+
+int cmd_bye(const Command &) {
+  run_state.leave_requested = 1;
+  return 1;
+}
+
+int cmd_system(const Command &) {
+  FILE *saved = run_state.echo_out;
+  run_state.echo_out = stderr;
+  run_user_shell();
+  run_state.echo_out = saved;
+  return 1;
+}
+
+int cmd_wait(const Command &) {
+  fflush(stdout);
+  get_key();
+  return 1;
+}
+
+int cmd_version(const Command &) {
+  fprintf(stderr, "%sversion //0 %s\n", run_state.indent, TACTO_VERSION);
+  fflush(stderr);
+  return 1;
+}
+
+int cmd_define(const Command &) { return define_macro(run_state.ptr); }
+
+int cmd_undefine(const Command &) { return undefine_macro(run_state.ptr); }
+
+int cmd_comment(const Command &) {
+  if (echoing()) echo("%s", run_state.line_copy);
+  return 1;
+}
+
+int cmd_empty(const Command &) {
+  if (echoing()) echo("\n");
+  return 1;
+}
+
+int cmd_quit(const Command &) {
+  end_job();
+  run_state.quit_requested = 1;
+  return 1;
+}

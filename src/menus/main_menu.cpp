@@ -1,0 +1,80 @@
+// main_menu.cpp - the menu loop, its keys and its quit question.
+#include "menus/main_menu.h"
+
+#include <cstdio>
+#include <cstring>
+
+#include "geometry/page.h"
+#include "geometry/winstack.h"
+#include "interp/diag.h"
+#include "interp/help.h"
+#include "interp/reader.h"
+#include "platform/platform.h"
+#include "shell/run_state.h"
+#include "shell/startup.h"
+
+static const char kMenuKeys[] = "1s2c3t4d5l6p7i8e9h0q";
+
+void console_run(int run_mode) {
+  copy_text(run_state.fname, NAME_SIZE, "console");
+  run_state.run_mode = run_mode;
+  run_state.run_aborted = 0;
+  winstack_set_top(stdin, "console");
+  interpret(stdin);
+  run_state.run_mode = MODE_NORMAL;
+}
+
+// Reads menu keys until an accepted one; end of input answers Quit.
+static int menu_key() {
+  for (;;) {
+    beep(1760, 50);
+    fputs("\n\ntacto: s c t d l p i e h q ? ", stderr);
+    fflush(stderr);
+    int key = get_key();
+    if (keys_at_end()) return 'q';
+    if (key != 0 && strchr(kMenuKeys, key) != nullptr) {
+      beep(1760, 50);
+      return key;
+    }
+    beep(220, 150);
+  }
+}
+
+void main_menu() {
+  for (;;) {
+    fputs("\n\n\n      Tacto Menu\n1: Set   2: Console  3: Test  4: Debug\n"
+          "5: List  6: Print    7: Image 8: Edel\n9: Help  0: Quit\n",
+          stderr);
+    int key = menu_key();
+    clear_screen();
+    switch (key) {
+      case '2': case 'c': console_run(MODE_NORMAL); break;
+      case '3': case 't': console_run(MODE_TEST); break;
+      case '4': case 'd': console_run(MODE_DEBUG); break;
+      case '9': case 'h':
+        copy_text(run_state.fname, NAME_SIZE, "console");
+        run_state.in_help = 1;
+        help_browser(stdin);
+        run_state.in_help = 0;
+        break;
+      case '0': case 'q': run_state.quit_requested = 1; break;
+      default:
+        // Set, List, Print, Image and Edel have screens of their own.
+        fputs("\n   this screen is not available in this version\n", stderr);
+        beep(220, 150);
+        break;
+    }
+    set_portrait();
+    if (run_state.quit_requested) {
+      beep(880, 200);
+      show_banner();
+      fputs("\n\nQuit job (Y/N)[Yes] ? ", stderr);
+      fflush(stderr);
+      int answer = get_key();
+      if (!(answer == KEY_ENTER || answer == 'y' || answer == '0' || keys_at_end()))
+        run_state.quit_requested = 0;
+      beep(1760, 50);
+      if (run_state.quit_requested) return;
+    }
+  }
+}

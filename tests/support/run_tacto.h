@@ -1,0 +1,39 @@
+// run_tacto.h - end-to-end test support: runs the built program in a
+// directory of its own (its system file and help file beside it) and
+// collects its exit status, standard output and standard error.
+#ifndef TACTO_TESTS_SUPPORT_RUN_TACTO_H
+#define TACTO_TESTS_SUPPORT_RUN_TACTO_H
+
+#include <string>
+#include <vector>
+
+struct RunResult {
+  int status;
+  std::string out;  // standard output: echo lines and embosser bytes
+  std::string err;  // standard error: prompts, banner, messages
+};
+
+class TactoDir {
+ public:
+  TactoDir();   // a fresh directory holding tacto and tacto.hlp
+  ~TactoDir();
+  const std::string &path() const { return dir_; }
+  std::string file(const std::string &name) const { return dir_ + "/" + name; }
+  void write(const std::string &name, const std::string &text) const;
+  std::string read(const std::string &name) const;
+  bool exists(const std::string &name) const;
+  void remove(const std::string &name) const;
+  // Runs ./tacto (or another name for the program) with arguments and input.
+  RunResult run(const std::vector<std::string> &args, const std::string &input = "",
+                const std::string &program = "tacto") const;
+ private:
+  std::string dir_;
+};
+
+// Runs a program text with options; a fresh directory each time.
+RunResult run_program(const std::string &program, const std::vector<std::string> &options = {"-r"});
+
+// Counts the occurrences of `needle` in `text`.
+int count_of(const std::string &text, const std::string &needle);
+
+#endif
