@@ -31,10 +31,6 @@ static std::string first_word(const char *t, const char **rest) {
 }
 
 int define_macro(const char *text) {
-  if (vtab.count >= MACRO_ENTRIES) {
-    compose("define variable table is full (rec. %d < %d)", vtab.count, MACRO_ENTRIES);
-    return put_error(run_state.msg);
-  }
   const char *rest = nullptr;
   std::string word = first_word(text, &rest);
   if (word.empty()) return put_error("define no entry word");
@@ -63,6 +59,11 @@ int define_macro(const char *text) {
       fprintf(macro_out(), "redefined %s %s in rec. %d\n", e.word, e.text, e.number);
       return 1;
     }
+  }
+  // A new word needs a free record; a redefinition never does.
+  if (vtab.count >= MACRO_ENTRIES) {
+    compose("define variable table is full (rec. %d < %d)", vtab.count, MACRO_ENTRIES);
+    return put_error(run_state.msg);
   }
   MacroEntry &e = vtab.entry[++vtab.count];
   e.number = vtab.count;

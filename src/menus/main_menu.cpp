@@ -19,8 +19,10 @@ void console_run(int run_mode) {
   copy_text(run_state.fname, NAME_SIZE, "console");
   run_state.run_mode = run_mode;
   run_state.run_aborted = 0;
+  run_state.in_console = 1;  // bye in its test or debug mode only leaves the mode
   winstack_set_top(stdin, "console");
   interpret(stdin);
+  run_state.in_console = 0;
   run_state.run_mode = MODE_NORMAL;
 }
 
