@@ -124,9 +124,11 @@ TEST(Cli, AConsoleSessionCanBeScripted) {
 
 TEST(Cli, TestAndDebugFromTheMenu) {
   TactoDir dir;
-  RunResult r = dir.run({"-r"}, "3version\nbye\n4version\n");
+  // In the console's trace modes the first bye only returns to normal mode.
+  RunResult r = dir.run({"-r"}, "3version\nbye\nversion\nbye\n4version\n");
   EXPECT_EQ(r.out, "Version //0 11.20\nVersion //0 11.20\n");
   EXPECT_NE(r.err.find("\ntest 1: "), std::string::npos);
+  EXPECT_NE(r.err.find("\nconsole 1: version //0 11.20\n"), std::string::npos);
   EXPECT_NE(r.err.find("\ndebug 1: "), std::string::npos);
 }
 
