@@ -39,7 +39,9 @@ int cmd_page(const Command &) {
     compose("illegal page number %d (1-)", n);
     return put_error(run_state.msg);
   }
-  ps.page_counter = n;  // the number the next page of the document carries
+  // The next page of the document carries n: a page start already pending
+  // writes the counter as it stands, otherwise the next feed counts it up.
+  ps.page_counter = ps.page_start_pending ? n : n - 1;
   return 1;
 }
 

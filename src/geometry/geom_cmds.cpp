@@ -41,10 +41,11 @@ int cmd_paper(const Command &cmd) {
   int flag = PAPER_A4;
   for (const auto &p : papers)
     if (strcmp(cmd.word, p.word) == 0) flag = p.flag;
-  if (!paper_command(flag)) return 0;
+  int ok = paper_command(flag);
+  // The window as the command leaves it (unchanged when it was refused).
   const FloatRect &w = page_geom.w;
   if (echoing()) echo("%s%s //0 window %.3f %.3f %.3f %.3f\n", run_state.indent, cmd.word, w.x0, w.x1, w.y0, w.y1);
-  return 1;
+  return ok;
 }
 
 int cmd_set_printer(const Command &) { return select_paper(trunc_int(P[1]), trunc_int(P[2])); }

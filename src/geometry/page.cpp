@@ -1,6 +1,8 @@
 // page.cpp - printers, papers, frame, window, origin and the unit conversions.
 #include "geometry/page.h"
 
+#include <cmath>
+
 #include "devices/postscript.h"
 #include "geometry/transform.h"
 #include "interp/diag.h"
@@ -120,6 +122,9 @@ void set_landscape() {
   ps_turn_page();
 }
 
+// A window range the mapping can use: finite ends, the first below the second.
+static int proper_range(float a, float b) { return std::isfinite(a) && std::isfinite(b) && a < b; }
+
 int set_frame(int x0, int x1, int y0, int y1, double wx0, double wx1, double wy0, double wy1) {
   const IntRect &p = page_geom.p;
   if (x0 < p.x0 || x0 > p.x1) {
@@ -138,17 +143,20 @@ int set_frame(int x0, int x1, int y0, int y1, double wx0, double wx1, double wy0
     compose("frame out of range: y1 = %d (%d-%d)", y1, y0, p.y1);
     return put_error(run_state.msg);
   }
-  if (!(wx0 < wx1)) {
+  // The window is kept in single precision: it must still be a proper range
+  // once narrowed (values that meet or overflow there are refused too).
+  FloatRect w{static_cast<float>(wx0), static_cast<float>(wx1), static_cast<float>(wy0),
+              static_cast<float>(wy1)};
+  if (!proper_range(w.x0, w.x1)) {
     compose("frame illegal x range of window (%.2f-%.2f)", wx0, wx1);
     return put_error(run_state.msg);
   }
-  if (!(wy0 < wy1)) {
+  if (!proper_range(w.y0, w.y1)) {
     compose("frame illegal y range of window (%.2f-%.2f)", wy0, wy1);
     return put_error(run_state.msg);
   }
   page_geom.f = IntRect{x0, x1, y0, y1};
-  page_geom.w = FloatRect{static_cast<float>(wx0), static_cast<float>(wx1), static_cast<float>(wy0),
-                          static_cast<float>(wy1)};
+  page_geom.w = w;
   return 1;
 }
 
@@ -166,12 +174,12 @@ int set_origin(double ox, double oy, double bias_x, double bias_y) {
     compose("negative or zero bias y = %.2f", bias_y);
     return put_error(run_state.msg);
   }
-  FloatRect &w = page_geom.w;
-  w.x0 = static_cast<float>((w.x0 - ox) / bias_x);
-  w.x1 = static_cast<float>((w.x1 - ox) / bias_x);
-  w.y0 = static_cast<float>((w.y0 - oy) / bias_y);
-  w.y1 = static_cast<float>((w.y1 - oy) / bias_y);
-  return 1;
+  const FloatRect &w = page_geom.w;
+  const IntRect &f = page_geom.f;
+  // Through the frame checks, so that a shift or scale that leaves no usable
+  // window (an infinite or collapsed range) is refused like a bad window.
+  return set_frame(f.x0, f.x1, f.y0, f.y1, (w.x0 - ox) / bias_x, (w.x1 - ox) / bias_x, (w.y0 - oy) / bias_y,
+                   (w.y1 - oy) / bias_y);
 }
 
 int set_fmt(int columns, int rows) {

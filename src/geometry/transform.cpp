@@ -1,6 +1,7 @@
 // transform.cpp - world to dot mappings, rotation and mirroring.
 #include "geometry/transform.h"
 
+#include <climits>
 #include <cmath>
 
 #include "devices/embosser.h"
@@ -126,14 +127,23 @@ static long double grid_of(double v, float w0, float w1, int p0, int p1) {
   return (long double)(p1 - p0) * ((long double)v - w0) / ((long double)w1 - w0) + p0;
 }
 
+// Truncates a grid position toward zero; NaN and values beyond the int range
+// come out as the range's ends (never on the grid), not as undefined casts.
+static int grid_trunc(long double v) {
+  if (!(v == v)) return INT_MIN;
+  if (v >= 2147483647.0L) return INT_MAX;
+  if (v <= -2147483648.0L) return INT_MIN;
+  return static_cast<int>(v);
+}
+
 // The shared steps of the plot and move mappings; `clip` is the frame or the grid.
 static int map_rounded(double wx, double wy, const IntRect &clip, DotPos *pos) {
   const PageGeom &g = page_geom;
   if (!(wx >= g.w.x0 && wx <= g.w.x1)) return 0;
-  int dx = static_cast<int>(grid_of(wx, g.w.x0, g.w.x1, g.p.x0, g.p.x1) + 0.5L);
+  int dx = grid_trunc(grid_of(wx, g.w.x0, g.w.x1, g.p.x0, g.p.x1) + 0.5L);
   if (dx < clip.x0 || dx > clip.x1) return 0;
   if (!(wy >= g.w.y0 && wy <= g.w.y1)) return 0;
-  int dy = static_cast<int>(grid_of(wy, g.w.y0, g.w.y1, g.p.y0, g.p.y1) + 0.5L);
+  int dy = grid_trunc(grid_of(wy, g.w.y0, g.w.y1, g.p.y0, g.p.y1) + 0.5L);
   if (dy < clip.y0 || dy > clip.y1) return 0;
   pos->dx = dx;
   pos->dy = dy;
@@ -148,8 +158,8 @@ int map_move(double wx, double wy, DotPos *pos) { return map_rounded(wx, wy, pag
 int snap_to_dot(double *wx, double *wy) {
   const PageGeom &g = page_geom;
   if (!(*wx >= g.w.x0 && *wx <= g.w.x1 && *wy >= g.w.y0 && *wy <= g.w.y1)) return 0;
-  int dx = static_cast<int>(grid_of(*wx, g.w.x0, g.w.x1, g.p.x0, g.p.x1));
-  int dy = static_cast<int>(grid_of(*wy, g.w.y0, g.w.y1, g.p.y0, g.p.y1));
+  int dx = grid_trunc(grid_of(*wx, g.w.x0, g.w.x1, g.p.x0, g.p.x1));
+  int dy = grid_trunc(grid_of(*wy, g.w.y0, g.w.y1, g.p.y0, g.p.y1));
   *wx = dot_to_world_x(dx);
   *wy = dot_to_world_y(dy);
   return 1;
@@ -157,12 +167,12 @@ int snap_to_dot(double *wx, double *wy) {
 
 int world_to_dot_x(double wx) {
   const PageGeom &g = page_geom;
-  return static_cast<int>(grid_of(wx, g.w.x0, g.w.x1, g.p.x0, g.p.x1) + 0.5L);
+  return grid_trunc(grid_of(wx, g.w.x0, g.w.x1, g.p.x0, g.p.x1) + 0.5L);
 }
 
 int world_to_dot_y(double wy) {
   const PageGeom &g = page_geom;
-  return static_cast<int>(grid_of(wy, g.w.y0, g.w.y1, g.p.y0, g.p.y1) + 0.5L);
+  return grid_trunc(grid_of(wy, g.w.y0, g.w.y1, g.p.y0, g.p.y1) + 0.5L);
 }
 
 double world_to_grid_x(double wx) {

@@ -141,7 +141,7 @@ const Command command_table[] = {
     {"eraser", 3, R_READP, 4, cmd_eraser, "%seraser %d %d %d %d\n", "%seraser %.3f %.3f %.3f %.3f\n",
      nullptr, "xyYX", F_SKIP_CONVERT, "eraser CX CY A B"},
     {"bwplot", 3, R_READP, 10, cmd_bwplot, "%sbwplot %d %d %d %d %d %d %d %d %d %.3f\n",
-     "%sbwplot %.3f %.3f %.3f %.3f %.3f %.3f %.3f %.3f %.3f %.3f\n", nullptr, "xyXXXXXHX-", F_SKIP_CONVERT,
+     "%sbwplot %.3f %.3f %.3f %.3f %.3f %.3f %.3f %.3f %.3f %.3f\n", nullptr, "xyXXXXXHY-", F_SKIP_CONVERT,
      "bwplot OX Y MIN Q1 MEDIAN Q3 MAX H L PITCH"},
     {"polygon", 3, R_READP, 5, cmd_polygon, "%spolygon %d %d %d %d %.3f\n",
      "%spolygon %d %.3f %.3f %.3f %.3f\n", nullptr, "-xyX-", F_SKIP_CONVERT, "polygon N CX CY R PITCH"},

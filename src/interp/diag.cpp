@@ -48,7 +48,10 @@ int put_warning(const char *text) {
   char line[192];
   snprintf(line, sizeof line, "\nwarning %d! %s line %d \"%s\": %s", run_state.warning_count,
            run_state.fname, run_state.line_number, run_state.cname, text);
-  FILE *out = run_state.run_mode != MODE_NORMAL ? run_state.echo_out : stderr;
+  // A trace run's transcript (the log list) keeps its warnings; on the
+  // console they are messages like the errors.
+  int to_list = run_state.run_mode != MODE_NORMAL && run_state.echo_out != run_state.std_out;
+  FILE *out = to_list ? run_state.echo_out : stderr;
   fputs(line, out);
   fflush(out);
   if (run_state.errlist_on && diag_lists.error_file != nullptr) {

@@ -24,13 +24,18 @@ TEST_F(DiagTest, ErrorLineNamesProgramLineAndCommand) {
   EXPECT_EQ(platform.beeps, 2);  // two low tones
 }
 
-TEST_F(DiagTest, WarningsGoToTheEchoInTracesAndHaveNoLimit) {
+TEST_F(DiagTest, WarningsGoToTheConsoleOrATraceTranscriptAndHaveNoLimit) {
   put_warning("too long (AB)");
   EXPECT_EQ(errors(), "\nwarning 1! graph.txt line 12 \"circle\": too long (AB)");
   run_state.run_mode = MODE_TEST;
-  put_warning("again");
-  EXPECT_EQ(echoed(), "\nwarning 2! graph.txt line 12 \"circle\": again");
-  EXPECT_EQ(platform.beeps, 6);
+  put_warning("again");  // a trace on standard output: still the console's
+  EXPECT_EQ(errors(), "\nwarning 2! graph.txt line 12 \"circle\": again");
+  Capture transcript;
+  run_state.echo_out = transcript.file();
+  put_warning("listed");
+  EXPECT_EQ(transcript.text(), "\nwarning 3! graph.txt line 12 \"circle\": listed");
+  EXPECT_EQ(echoed(), "");
+  EXPECT_EQ(platform.beeps, 9);
 }
 
 TEST_F(DiagTest, ErrorsBeyondTheLimitAreShownButNeitherSoundedNorListed) {

@@ -2,6 +2,8 @@
 // PostScript, bitmap, debug trace, test trace, dot map or embosser.
 #include "raster/plot.h"
 
+#include <climits>
+
 #include "devices/bitmap.h"
 #include "devices/embosser.h"
 #include "devices/postscript.h"
@@ -214,7 +216,7 @@ static void feed_once() {
       clear_dmap();
       dmap.has_dots = 0;
     }
-    ps.page_counter++;
+    if (ps.page_counter < INT_MAX) ps.page_counter++;  // `page` may have set it very high
     ps.page_start_pending = 1;
     return;
   }

@@ -40,8 +40,8 @@ int cmd_dot(const Command &) { return set_dot_size(trunc_int(P[1])); }
 
 int cmd_formfeed(const Command &) {
   int n = trunc_int(P[1]);
-  if (n <= 0) return page_feed(0);
-  if (n > MAX_FEEDS) {
+  if (n == 0) return page_feed(0);
+  if (n < 0 || n > MAX_FEEDS) {
     compose("illegal formfeed %d (0-%d)", n, MAX_FEEDS);
     return put_error(run_state.msg);
   }
