@@ -4,11 +4,15 @@
 #define TACTO_DEVICES_BITMAP_H
 
 #include <cstdint>
+#include <cstdio>
 
 enum : int {
   BMP_WIDTH = 1192,   // portrait pixels across
   BMP_HEIGHT = 1684,  // portrait pixels down
   BMP_PIXELS = 2007328,
+  BMP_FILE_SIZE = 256030,   // written in both orientations
+  BMP_IMAGE_SIZE = 255968,  // likewise
+  BMP_DATA_OFFSET = 62,
 };
 
 struct BitmapState {
@@ -23,17 +27,31 @@ void reset_bitmap();
 // Allocates and zeroes the page; 0 when it cannot.
 int bmp_alloc();
 
+// Frees the page (bitmap output stays as it is).
+void bmp_free();
+
 // Blackens one pixel; 1 when the index lies outside the page (ignored).
 int bmp_set_pixel(long index);
 
-// Stamps a dot of size 0-2 centred on page point (x, y).
+// Pixels across the page in the current orientation (1192 or 1684).
+int bmp_width();
+
+// Stamps a dot of size 0-2 centred on page point (x, y): a 3 x 3 square, a
+// disc of radius about 3 or of radius about 4 pixels. Sizes above 2 stamp 2.
 void bmp_dot(int x, int y, int size);
 
 // A dot of plot_dot (world point) and of plot0 (device cell).
 void bmp_plot(double wx, double wy, int size);
 void bmp_plot0(int row, int col);
 
-// Writes the BMP file; 0 on success.
+// A dot of the dot map: the cell's page point, the stored size capped at 2.
+void bmp_cell(int row, int col, int size);
+
+// Little-endian fields of the file header.
+void bmp_put32(FILE *f, uint32_t v);
+void bmp_put16(FILE *f, uint16_t v);
+
+// Writes the BMP file; 0 on success, 1 when it cannot be created or written.
 int bmp_write(const char *name);
 
 #endif

@@ -128,12 +128,14 @@ static int scan_row(int row, int size, int left_to_right) {
   return found;
 }
 
-// The page as PostScript circles (the image job's printer mode).
-static void dmap_to_postscript() {
+// The page as PostScript circles or bitmap dots (the image jobs' printer mode).
+static void dmap_to_picture() {
   for (int row = dmap.row_min; row <= dmap.row_max; row++)
     for (int col = dmap.col_min; col <= dmap.col_max; col++) {
       int v = get_dot(row, col);
-      if (v != 3) ps_dot(row, col, v);
+      if (v == 3) continue;
+      if (ps.active) ps_dot(row, col, v);
+      else bmp_cell(row, col, v);
     }
 }
 
@@ -142,8 +144,8 @@ int print_dmap() {
   fprintf(stderr, "print_dmap %d\n", page_geom.printer);
   int size_in_force = plot_state.dot_size;
   static const int sizes[3] = {1, 0, 2};
-  if (ps.active) {
-    dmap_to_postscript();
+  if (ps.active || bmp.active) {
+    dmap_to_picture();
   } else {
     enter_plotter_mode();
     if (page_geom.printer == ESA721) {

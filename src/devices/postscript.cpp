@@ -1,16 +1,224 @@
-// postscript.cpp - the PostScript writer (placeholder until the writer lands).
+// postscript.cpp - the PostScript writer: header and trailer of the menu
+// job and of the script commands, pages, the landscape turn, the mapping of
+// world points and dot-map cells onto the page box, and the dot circles.
 #include "devices/postscript.h"
 
+#include <cstdarg>
+
+#include "devices/bitmap.h"
+#include "geometry/page.h"
+#include "geometry/transform.h"
+#include "interp/diag.h"
+#include "platform/platform.h"
+#include "raster/plot.h"
+#include "shell/run_state.h"
+#include "text/ink.h"
+
 PsState ps;
-void reset_postscript() { ps = PsState(); }
-int ps_open(const char *, int, int) { return 0; }
-void ps_close() {}
-void ps_flush_page_start() {}
-void ps_turn_page() {}
-void ps_flush() {}
-void ps_point_from_world(double, double, int *x, int *y) { *x = *y = 0; }
-void ps_point_from_dot(int, int, int *x, int *y) { *x = *y = 0; }
-void ps_plot(double, double, int) {}
-void ps_plot0(int, int) {}
-void ps_dot(int, int, int) {}
-int ps_command(const char *, int) { return 0; }
+
+void reset_postscript() {
+  if (ps.file != nullptr) fclose(ps.file);
+  ps = PsState();
+}
+
+void ps_printf(const char *format, ...) {
+  if (ps.file == nullptr) return;
+  va_list ap;
+  va_start(ap, format);
+  vfprintf(ps.file, format, ap);
+  va_end(ap);
+}
+
+void ps_path_break() {
+  if (!ps.path_written) return;
+  ps_printf("stroke\n");
+  ps.path_written = 0;
+}
+
+void ps_path_end() {
+  ps_path_break();
+  ps.path_open = 0;
+}
+
+// The header. The menu job and the script commands differ in the title's
+// capital and in the gsave that the menu job's trailer undoes.
+static void write_header(int ink_print, int menu_job) {
+  ps_printf("%%!PS-Adobe-3.0\n");
+  ps_printf("%%%%Creator: Tacto\n");
+  if (ink_print) ps_printf("%%%%Title: inkprint graphics\n");
+  else if (menu_job) ps_printf("%%%%Title: Tactile graphics\n");
+  else ps_printf("%%%%Title: tactile graphics\n");
+  ps_printf("%%%%CreationDate: %s\n", local_time_text().c_str());
+  ps_printf("%%%%Pages: (atend)\n");
+  ps_printf("%%%%DocumentFonts: (atend)\n");
+  ps_printf("%%%%BoundingBox: 0 0 596 842\n");
+  ps_printf("%%%%DocumentPaperSize: a4\n");
+  ps_printf("%%%%EndComments\n");
+  ps_printf("%%%%Page: 1 1\n");
+  if (menu_job) ps_printf("gsave\n");
+  ps_printf("newpath\n\n");
+  ps_printf("1 setlinewidth\n");
+}
+
+int ps_open(const char *name, int ink_print, int menu_job) {
+  if (ps.file != nullptr) ps_close();  // one document at a time
+  FILE *f = fopen(name, "w");
+  if (f == nullptr) {
+    if (menu_job) compose("postscript file (%s) was not open", name);
+    else compose("not open a postscript file (%s)", name);
+    put_error(run_state.msg);
+    press_any_key("   press any key ? ");
+    return 0;
+  }
+  ps = PsState();
+  ps.file = f;
+  write_header(ink_print, menu_job);
+  ps.active = 1;
+  ps.ink_print = ink_print ? 1 : 0;
+  ps.menu_job = menu_job ? 1 : 0;
+  ps.page_counter = 1;
+  ps.page_start_pending = 0;
+  return 1;
+}
+
+void ps_close() {
+  if (ps.file == nullptr) {
+    ps.active = 0;
+    return;
+  }
+  ps_path_end();
+  if (ps.menu_job) {
+    // The menu job counts the page started by its last feed, which is empty.
+    ps_printf("\ngrestore\n");
+    ps_printf("showpage clear\n");
+    ps_printf("%%%%Trailer\n");
+    ps_printf("%%%%Pages: %d\n", ps.page_counter - 1);
+  } else {
+    ps_printf("\nshowpage clear\n");
+    ps_printf("%%%%Trailer\n");
+    ps_printf("%%%%Pages: %d\n", ps.page_counter);
+  }
+  ps_printf("%%%%DocumentFonts: Times\n");
+  ps_printf("%%%%EOF\n");
+  int failed = ferror(ps.file);
+  if (fclose(ps.file) != 0 || failed) put_error("postscript file was not written completely");
+  ps.file = nullptr;
+  ps.active = 0;
+  ps.ink_print = 0;
+  ps.menu_job = 0;
+  ps.page_start_pending = 0;
+  ink_document_closed();
+}
+
+void ps_flush_page_start() {
+  if (!ps.active || !ps.page_start_pending) return;
+  ps_path_end();
+  ps_printf("showpage\n");
+  ps_printf("%%%%Page: %d %d\n", ps.page_counter, ps.page_counter);
+  ps.page_start_pending = 0;
+  // showpage puts the page upright again; a landscape sheet stays turned.
+  if (!page_geom.portrait) {
+    ps_printf("596 0 translate\n");
+    ps_printf("90 rotate\n");
+  }
+}
+
+void ps_turn_page() {
+  if (!ps.active) return;
+  ps_path_end();
+  ps_printf("596 0 translate\n");
+  ps_printf("90 rotate\n");
+}
+
+void ps_flush() {
+  if (!ps.active) return;
+  // A stroke never runs on into the next command.
+  ps_path_end();
+  if (ps.file != nullptr) fflush(ps.file);
+}
+
+PsBox ps_page_box() {
+  if (page_geom.portrait) return PsBox{4, 590, 65, 775};
+  return PsBox{65, 775, 4, 590};
+}
+
+// span * (v - lo) / (hi - lo) + start, rounded by +0.5 and truncated.
+static int scale_point(double v, double lo, double hi, int start, int end) {
+  if (hi == lo) return start;
+  return trunc_int((end - start) * (v - lo) / (hi - lo) + start + 0.5);
+}
+
+void ps_point_from_world(double wx, double wy, int *x, int *y) {
+  PsBox b = ps_page_box();
+  const FloatRect &w = page_geom.w;
+  *x = scale_point(wx, w.x0, w.x1, b.x0, b.x1);
+  *y = scale_point(wy, w.y0, w.y1, b.y0, b.y1);
+}
+
+void ps_point_from_dot(int row, int col, int *x, int *y) {
+  const IntRect &p = page_geom.p;
+  int u, v;
+  if (page_geom.portrait) {
+    u = col;
+    v = p.y1 - row;
+  } else {
+    u = p.x1 - row;
+    v = p.y1 - col;
+  }
+  PsBox b = ps_page_box();
+  *x = scale_point(u, p.x0, p.x1, b.x0, b.x1);
+  *y = scale_point(v, p.y0, p.y1, b.y0, b.y1);
+}
+
+void ps_plot(double wx, double wy, int kind) {
+  if (!ps.active) return;
+  int x, y;
+  ps_point_from_world(wx, wy, &x, &y);
+  int r = plot_state.dot_size + 1;
+  if (!ps.ink_print) {
+    if (xform.mirror_on) ps_printf("%d %d %d 0 360 arc stroke\n", x, y, r);
+    else if (kind != PATH_END) ps_printf("%d %d %d 0 360 arc fill stroke\n", x, y, r);
+    return;
+  }
+  if (kind >= PATH_START && kind <= PATH_END) {
+    ink_path(x, y, kind);
+  } else {
+    // Lone dots (kind 0, and 4 and above) stay dots in ink print.
+    ps_path_break();
+    ps_printf("\n%d %d %d 0 360 arc fill stroke\n", x, y, r);
+  }
+  if (xform.mirror_on) {
+    ps_path_break();
+    ps_printf("\n%d %d %d 0 360 arc stroke\n", x, y, r);
+  }
+}
+
+void ps_plot0(int row, int col) {
+  if (!ps.active) return;
+  int x, y;
+  ps_point_from_dot(row, col, &x, &y);
+  ps_path_break();
+  if (xform.mirror_on) ps_printf("%d %d 2 0 360 arc stroke\n", x, y);
+  else ps_printf("%d %d 2 0 360 arc fill stroke\n", x, y);
+}
+
+void ps_dot(int row, int col, int size) {
+  if (!ps.active) return;
+  if (size < 0) size = 0;
+  if (size > 2) size = 2;
+  int x, y;
+  ps_point_from_dot(row, col, &x, &y);
+  ps_path_break();
+  if (xform.mirror_on) ps_printf("%d %d %d 0 360 arc stroke\n", x, y, size + 1);
+  else ps_printf("%d %d %d 0 360 arc fill stroke\n", x, y, size + 1);
+}
+
+int ps_command(const char *name, int ink_print) {
+  if (ps.menu_job || bmp.active) {
+    // The image job owns the output; a second document would take its dots.
+    compose("postscript is not available in an image job (%s)", name);
+    return put_error(run_state.msg);
+  }
+  if (ps.active) ps_close();
+  return ps_open(name, ink_print, 0);
+}

@@ -13,14 +13,23 @@ struct PsState {
   int page_counter;        // starts at 1
   int page_start_pending;  // set by a page feed, consumed by the next dot
   int path_open;           // an ink-print stroke is in progress
+  int path_written;        // its points are in the document's current path, not yet stroked
+  int path_x, path_y;      // the stroke's last point (page points)
 };
 extern PsState ps;
 
-// Closes nothing; forgets the document (tests call it between cases).
+// The box of the page that the window is mapped onto, in points.
+struct PsBox {
+  int x0, x1, y0, y1;
+};
+
+// Closes the file without a trailer and forgets the document (tests call it
+// between cases).
 void reset_postscript();
 
 // Opens the document and writes the header; 0 after the open-failure message.
-// menu_job selects the menu job's header and trailer.
+// menu_job selects the menu job's header and trailer. A document still open
+// is finished first.
 int ps_open(const char *name, int ink_print, int menu_job);
 
 // Writes the trailer and closes the document.
@@ -32,8 +41,22 @@ void ps_flush_page_start();
 // Writes the landscape turn lines when PostScript output is active.
 void ps_turn_page();
 
-// Flushes the document after each command.
+// Ends an ink-print stroke left open and flushes the document (after each command).
 void ps_flush();
+
+// Writes formatted text into the open document (nothing when none is open).
+void ps_printf(const char *format, ...) __attribute__((format(printf, 1, 2)));
+
+// Strokes what an open ink-print stroke has written so far, so that other
+// drawing can follow; the stroke itself goes on at its last point.
+void ps_path_break();
+
+// Strokes and ends an open ink-print stroke.
+void ps_path_end();
+
+// The page box of the current orientation: portrait x 4-590, y 65-775;
+// landscape x 65-775, y 4-590.
+PsBox ps_page_box();
 
 // Page point of a world point (integer points, the box of the orientation).
 void ps_point_from_world(double wx, double wy, int *x, int *y);
@@ -48,7 +71,8 @@ void ps_plot0(int row, int col);
 // One dot of the dot map as a circle of the stored size.
 void ps_dot(int row, int col, int size);
 
-// The script commands postscript FILE and inkprint FILE.
+// The script commands postscript FILE and inkprint FILE. A document already
+// open is finished first; inside an image job the command is refused.
 int ps_command(const char *name, int ink_print);
 
 #endif

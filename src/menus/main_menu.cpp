@@ -9,6 +9,7 @@
 #include "interp/diag.h"
 #include "interp/help.h"
 #include "interp/reader.h"
+#include "menus/image_jobs.h"
 #include "platform/platform.h"
 #include "shell/run_state.h"
 #include "shell/startup.h"
@@ -59,9 +60,10 @@ void main_menu() {
         help_browser(stdin);
         run_state.in_help = 0;
         break;
+      case '7': case 'i': image_item(); break;
       case '0': case 'q': run_state.quit_requested = 1; break;
       default:
-        // Set, List, Print, Image and Edel have screens of their own.
+        // Set, List, Print and Edel have screens of their own.
         fputs("\n   this screen is not available in this version\n", stderr);
         beep(220, 150);
         break;

@@ -146,7 +146,7 @@ int set_dot_size(int size) {
     return put_error(run_state.msg);
   }
   int code = size;
-  if (!ps.active && printer == ESA600G) {
+  if (!ps.active && !bmp.active && printer == ESA600G) {
     static const int plain[3] = {3, 1, 2}, mirrored[3] = {6, 4, 5};
     code = xform.mirror_on ? mirrored[size] : plain[size];
   }

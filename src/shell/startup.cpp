@@ -21,6 +21,8 @@
 #include "interp/help.h"
 #include "interp/macro.h"
 #include "interp/reader.h"
+#include "menus/console_io.h"
+#include "menus/image_jobs.h"
 #include "menus/main_menu.h"
 #include "platform/platform.h"
 #include "raster/dmap.h"
@@ -46,6 +48,8 @@ void reset_all_state() {
   reset_winstack();
   reset_help();
   reset_sys_file();
+  reset_console_io();
+  reset_image_jobs();
 }
 
 void show_banner() {

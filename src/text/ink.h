@@ -4,6 +4,8 @@
 #ifndef TACTO_TEXT_INK_H
 #define TACTO_TEXT_INK_H
 
+#include <string>
+
 struct Command;
 
 struct InkState {
@@ -19,6 +21,7 @@ struct InkState {
   int jfont;       // 4-11 (6)
   int scale_choice;  // ink-print scale choice (2)
   double scale;      // ink-print scale factor (2.0)
+  int use_rgb;     // lines take the rgbcolor (1) or the gray (0), whichever was set last (0)
 };
 extern InkState ink;
 
@@ -28,15 +31,38 @@ extern const char *const colour_names[16];
 // Restores the defaults above.
 void reset_ink();
 
+// Closing a document resets the colour and the width to 0.
+void ink_document_closed();
+
 // 1 when the current output is ink-print PostScript.
 int ink_active();
 
-// One stroked segment between two world points with the current state.
+// One stroked segment between two world points with the current state. The
+// points are rotated and mirrored like dots, and the segment is clipped to
+// the window and frame (nothing is written when no part of it is inside).
 void ink_line(double x0, double y0, double x1, double y1);
 
-// The ink-print axes: p[1..7] as the xaxis / yaxis commands read them.
+// A stroke of plot_dot's path codes at a page point: 1 starts it, 2 extends
+// it, 3 ends and strokes it. A 2 without a start starts one.
+void ink_path(int x, int y, int kind);
+
+// The ink-print axes: p[1..7] as the xaxis / yaxis commands read them (ox,
+// oy, a, b, unit, tick, pitch). The axis line runs from a to b; a tick stands
+// at every multiple of the unit from the origin that lies between a and b,
+// |tick| x pitch mm long, above (right of) the axis for a positive tick count
+// and below (left of) it for a negative one; a tick count of 0 draws no ticks.
 void ink_xaxis(const double *p);
 void ink_yaxis(const double *p);
+
+// Page points of the ink-print text: the point in the printable band of the
+// orientation, or -1 outside it.
+int ink_point_x(double wx);
+int ink_point_y(double wy);
+
+// The PostScript strings of the two text commands: "(text)" up to the first
+// line feed, and the hexadecimal "< 0041 889f >" form of the two-byte text.
+std::string ink_latin_string(const char *text);
+std::string ink_kanji_string(const char *text);
 
 // Command handlers (parameters in run_state.param, text in run_state.ptr).
 int cmd_rgbcolor(const Command &cmd);

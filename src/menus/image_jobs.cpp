@@ -1,0 +1,200 @@
+// image_jobs.cpp - the screens "Generate a PostScript file" and "Generate a
+// Bitmap file", and the runs behind them.
+#include "menus/image_jobs.h"
+
+#include <cstdio>
+
+#include "devices/bitmap.h"
+#include "devices/embosser.h"
+#include "devices/postscript.h"
+#include "geometry/winstack.h"
+#include "interp/diag.h"
+#include "interp/reader.h"
+#include "menus/console_io.h"
+#include "raster/dmap.h"
+#include "shell/run_state.h"
+
+ImageJobs image_jobs;
+
+void reset_image_jobs() { image_jobs = ImageJobs(); }
+
+static const char kBack[] = "(Keyin Period and Enter if return to Tacto menu.)";
+
+// Opens a program for reading; 0 after "Tacto [%s] was not open".
+static FILE *open_program(const char *program) {
+  FILE *in = fopen(program, "r");
+  if (in == nullptr) {
+    compose("Tacto [%s] was not open", program);
+    put_error(run_state.msg);
+    press_any_key("\n   press any key ? ");
+  }
+  return in;
+}
+
+// Interprets a whole program as a job of the utility screens.
+static void run_whole_program(FILE *in, const char *program) {
+  RunState &r = run_state;
+  int saved_print = r.in_print;
+  char saved_name[NAME_SIZE];
+  copy_text(saved_name, NAME_SIZE, r.fname);
+  r.in_print = 1;
+  r.run_aborted = 0;
+  copy_text(r.fname, NAME_SIZE, program);
+  copy_text(r.program_file, PROGRAM_FILE_SIZE, program);
+  winstack_set_top(in, r.fname);
+  interpret(in);
+  r.in_print = saved_print;
+  copy_text(r.fname, NAME_SIZE, saved_name);
+}
+
+int make_postscript(const char *program, const char *output, int ink_print, int printer_mode) {
+  FILE *in = open_program(program);
+  if (in == nullptr) return 0;
+  if (ps.active) ps_close();  // a document a script left open ends first
+  if (!ps_open(output, ink_print, 1)) {
+    fclose(in);
+    return 0;
+  }
+  bmp.active = 0;
+  // Ink print draws lines and text, which a map of dots cannot hold.
+  int collect = printer_mode && !ink_print;
+  if (collect) alloc_dmap();
+  run_whole_program(in, program);
+  fclose(in);
+  if (collect && dmap.in_use) {
+    // The last page from the map, then its feed.
+    if (dmap.has_dots) {
+      print_dmap();
+      clear_dmap();
+      dmap.has_dots = 0;
+    }
+    ps.page_counter++;
+    ps.page_start_pending = 1;
+  }
+  if (dmap.in_use) free_dmap();
+  ps_close();
+  fprintf(stderr, "\nPostScript file [%s] was generated\n", output);
+  run_state.error_count = 0;
+  run_state.warning_count = 0;
+  return 1;
+}
+
+// "Could not create Bitmap [%s]" and the key it waits for.
+static int cannot_create(const char *output) {
+  compose("Could not create Bitmap [%s]", output);
+  put_error(run_state.msg);
+  press_any_key("  press any key ? ");
+  return 0;
+}
+
+int make_bitmap(const char *program, const char *output) {
+  FILE *in = open_program(program);
+  if (in == nullptr) return 0;
+  // Find out now, not after the whole run, whether the file can be made.
+  FILE *probe = fopen(output, "wb");
+  if (probe == nullptr || !bmp_alloc()) {
+    if (probe != nullptr) fclose(probe);
+    fclose(in);
+    return cannot_create(output);
+  }
+  fclose(probe);
+  if (ps.active) ps_close();
+  if (dmap.in_use) free_dmap();
+  embosser.printer_output = 0;
+  bmp.active = 1;
+  run_whole_program(in, program);
+  fclose(in);
+  int ok = 1;
+  if (bmp_write(output) != 0) ok = cannot_create(output);
+  else fprintf(stderr, "\nBitmap file [%s] was generated\n", output);
+  run_state.error_count = 0;
+  run_state.warning_count = 0;
+  bmp.active = 0;
+  bmp_free();
+  return ok;
+}
+
+// The title of a screen and the reminder how to leave it.
+static void screen_title(const char *title) {
+  copy_text(run_state.fname, NAME_SIZE, "image");
+  copy_text(run_state.cname, NAME_SIZE, "image");
+  beep(1760, 50);
+  fprintf(stderr, "\n\n%s\n%s\n", title, kBack);
+}
+
+// Asks for the program; 0 when the user goes back or it cannot be read.
+static int ask_program(char *program, int size) {
+  fprintf(stderr, "\nTacto file [%s] = ", run_state.program_file);
+  char typed[TEXT_SIZE + 1] = "";
+  int got = read_text(typed, sizeof typed);
+  if (got < 0) return 0;
+  if (got > 0) merge_name(typed, run_state.program_file, program, size);
+  else copy_text(program, size, run_state.program_file);
+  FILE *in = open_program(program);
+  if (in == nullptr) return 0;
+  fclose(in);
+  copy_text(run_state.program_file, PROGRAM_FILE_SIZE, program);
+  return 1;
+}
+
+// Asks for the output file; the default is the program with extension `ext`.
+static int ask_output(const char *label, const char *program, const char *ext, char *output, int size) {
+  char fallback[PROGRAM_FILE_SIZE];
+  replace_extension(program, ext, fallback, sizeof fallback);
+  fprintf(stderr, "\n%s [%s] = ", label, fallback);
+  char typed[TEXT_SIZE + 1] = "";
+  int got = read_text(typed, sizeof typed);
+  if (got < 0) return 0;
+  if (got > 0) merge_name(typed, fallback, output, size);
+  else copy_text(output, size, fallback);
+  return 1;
+}
+
+// Asks for a choice of two, shown by name; 0 when the user goes back.
+static int ask_choice(const char *choices, const char *const names[2], int *value) {
+  for (;;) {
+    fprintf(stderr, "\n%s\nmode [%s] = ", choices, names[*value ? 1 : 0]);
+    int n = read_number(2);
+    if (n == BACK_TO_MENU) return 0;
+    if (n == KEEP_DEFAULT || n == 0 || n == 1) {
+      if (n != KEEP_DEFAULT) *value = n;
+      beep(1760, 50);
+      return 1;
+    }
+    beep(220, 150);
+  }
+}
+
+int postscript_job() {
+  screen_title("Generate a PostScript file");
+  char program[PROGRAM_FILE_SIZE], output[PROGRAM_FILE_SIZE];
+  if (!ask_program(program, sizeof program)) return 1;
+  if (!ask_output("postscript file", program, ".ps", output, sizeof output)) return 1;
+  static const char *const prints[2] = {"dot print", "ink print"};
+  if (!ask_choice("(0: dot print, 1: ink print)", prints, &image_jobs.ink_print)) return 1;
+  if (!image_jobs.ink_print) {
+    static const char *const modes[2] = {"plotter mode", "printer mode"};
+    if (!ask_choice("(0: plotter mode, 1: printer mode)", modes, &image_jobs.printer_mode)) return 1;
+  }
+  make_postscript(program, output, image_jobs.ink_print, image_jobs.printer_mode);
+  return 1;
+}
+
+int image_item() {
+  static const char *const kinds[2] = {"Postscript", "Bitmap"};
+  beep(1760, 50);
+  fprintf(stderr, "\n\n(0: Postscript, 1: Bitmap)\nmode [%s] ? ", kinds[image_jobs.kind ? 1 : 0]);
+  int n = read_number(2);
+  if (n == 0 || n == 1) image_jobs.kind = n;
+  else if (n != KEEP_DEFAULT) return 1;  // a period, Escape or another number
+  return image_jobs.kind ? bitmap_job() : postscript_job();
+}
+
+int bitmap_job() {
+  screen_title("Generate a Bitmap file");
+  char program[PROGRAM_FILE_SIZE], output[PROGRAM_FILE_SIZE];
+  if (!ask_program(program, sizeof program)) return 1;
+  if (!ask_output("bitmap file", program, ".bmp", output, sizeof output)) return 1;
+  make_bitmap(program, output);
+  return 1;
+}
