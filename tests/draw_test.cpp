@@ -91,3 +91,23 @@ TEST(Draw, InkPrintStrokesLinesInsteadOfDots) {
   EXPECT_EQ(count_of(doc, " lineto\n"), 1);
   EXPECT_EQ(count_of(doc, " arc "), 0);
 }
+
+// Figures that would walk for hours are refused at once with a message.
+TEST(Draw, RunawayFiguresAreRefused) {
+  RunResult r = run_program(
+      "hatch 0 0 100000 0 0.0001\n"
+      "circle 0 0 5 0 100000000 1\n"
+      "oval 0 0 1 2 3 4 1\n"
+      "xaxis 0 0 -1000 1000 0.0001 2 1\n"
+      "yaxis 0 0 -1000 1000 0.0001 2 1\n"
+      "polygon 100000000 0 0 5 1\n"
+      "circle 0 0 5 0 720 1\n",  // two turns are fine
+      {"-r", "-d"});
+  EXPECT_EQ(r.status, 0);
+  EXPECT_NE(r.err.find("\"hatch\": too many dots in a hatch row (1000000025)"), std::string::npos);
+  EXPECT_NE(r.err.find("\"circle\": illegal angle: 0.00 100000000.00"), std::string::npos);
+  EXPECT_EQ(count_of(r.err, ": too many ticks of axis (20000001)"), 2);
+  EXPECT_NE(r.err.find("\"polygon\": too many angles of polygon (100000000)"), std::string::npos);
+  EXPECT_EQ(count_of(r.err, "error "), 5);
+  EXPECT_GT(count_of(r.out, "   Plot "), 10);  // the oval and the last circle drew
+}

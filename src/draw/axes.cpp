@@ -41,6 +41,14 @@ static void tick_mark(const Axis &ax, double at, int last) {
   for (int i = ax.dots; i >= last; i--) axis_dot(ax, at, ax.line + i * ax.mark);
 }
 
+// Refuses an axis with more ticks than any sheet shows; 1 when it may be drawn.
+static int ticks_fit(double a, double b, double unit) {
+  double ticks = std::fabs((double)b - a) / unit;
+  if (ticks <= AXIS_TICK_LIMIT) return 1;
+  compose("too many ticks of axis (%.0f)", ticks);
+  return put_error(run_state.msg);
+}
+
 // Walks from A to B (relative to the origin) with ticks at the multiples of unit.
 static void walk_axis(const Axis &ax, double A, double B, double unit) {
   double ra = fmod(A, unit), rb = fmod(B, unit);
@@ -107,6 +115,7 @@ int draw_xaxis(float ox, float oy, float a, float b, float unit, int tick, float
     compose("illegal pitch (%.2fmm)", pitch);
     return put_error(run_state.msg);
   }
+  if (!ticks_fit(a, b, unit)) return 0;
   if (ink_active()) {
     double p[8];
     fill_params(p, ox, oy, a, b, unit, tick, pitch);
@@ -136,6 +145,7 @@ int draw_yaxis(float ox, float oy, float a, float b, float unit, int tick, float
     compose("illegal: pitch (%.2fmm)", pitch);
     return put_error(run_state.msg);
   }
+  if (!ticks_fit(a, b, unit)) return 0;
   if (ink_active()) {
     double p[8];
     fill_params(p, ox, oy, a, b, unit, tick, pitch);

@@ -3,6 +3,9 @@
 #ifndef TACTO_DRAW_AXES_H
 #define TACTO_DRAW_AXES_H
 
+// Ticks one axis may have at most; a longer axis is refused.
+enum : int { AXIS_TICK_LIMIT = 10000 };
+
 // The x-axis on y = oy from x = a to x = b, ticks every `unit` from ox, each
 // tick |tick| dots a pitch apart, above the axis (below when tick < 0); the
 // ends follow the program's own asymmetric rules. 0 after "zero length of

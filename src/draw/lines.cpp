@@ -93,6 +93,11 @@ int hatch_line(float x0, float y0, float x1, float y1, float unit) {
     compose("illegal unit: %.2f > 0", unit);
     return put_error(run_state.msg);
   }
+  // A row longer than any sheet could hold is refused rather than walked.
+  if (length / unit > HATCH_LIMIT) {
+    compose("too many dots in a hatch row (%.0f)", length / unit);
+    return put_error(run_state.msg);
+  }
   double cx = x0, cy = y0;
   for (;;) {
     if (x1 < x0 ? cx < x1 : static_cast<float>(cx) > x1) break;

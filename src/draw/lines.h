@@ -9,6 +9,9 @@ struct PageGeom;
 // Sub-steps of every pitch line, whatever its length.
 enum : int { PITCH_LINE_STEPS = 10000 };
 
+// Dots one hatch row may have: more than the largest sheet holds.
+enum : int { HATCH_LIMIT = 1000000 };
+
 // The fixed parts of dx_to_mm / dy_to_mm for one geometry: dots across the
 // grid times the pitch along that axis, and the window's extent, both in
 // extended precision. A walk computes them once instead of at every sub-step.

@@ -76,6 +76,10 @@ int draw_polygon(int n, float cx, float cy, float r, float pitch) {
     compose("illegal value of r (%.2f)", r);
     return put_error(run_state.msg);
   }
+  if (n > POLYGON_LIMIT) {
+    compose("too many angles of polygon (%d)", n);
+    return put_error(run_state.msg);
+  }
   float px = 0, py = 0;
   for (int k = 0; k <= n; k++) {
     double theta = 2.0 * k * TACTO_PI / n + 1.570796;
@@ -129,10 +133,11 @@ static void walk_arc(ArcWalk w) {
   else plot_at(w.cx + ex, w.cy + ey, PATH_END);
 }
 
-// Angles whose walk could never end: not finite, or so large that a step
-// no longer moves them.
+// Angles whose walk could never end: not finite, so large that a step no
+// longer moves them, or more turns apart than anyone draws.
 static int walkable(double t0, double t1, double step) {
-  return std::isfinite(t0) && std::isfinite(t1) && t0 + step != t0 && t1 + step != t1;
+  return std::isfinite(t0) && std::isfinite(t1) && t0 + step != t0 && t1 + step != t1 &&
+         std::fabs(t1 - t0) <= ARC_TURNS * TACTO_TWO_PI;
 }
 
 int draw_ellipse(float cx, float cy, float rx, float ry, float a0, float a1, float pitch) {
@@ -173,6 +178,10 @@ int draw_oval(float x0, float y0, float x1, float y1, float x2, float y2, float 
   double b = sqrt((e1 * d2 - e2 * d1) / (d2 - d1));
   if (pitch == 0) {
     compose("illegal pitch: %.2f mm", pitch);
+    return put_error(run_state.msg);
+  }
+  if (!walkable(t1, t2, OVAL_STEP)) {
+    compose("illegal angle: %.2f %.2f", t1, t2);
     return put_error(run_state.msg);
   }
   walk_arc(ArcWalk{x0, y0, a, b, t1, t2, OVAL_STEP, pitch, 1});

@@ -8,6 +8,12 @@
 #define ARC_STEP 0.0010471973333333333
 #define OVAL_STEP 0.0003141592
 
+// Corners one polygon may have at most.
+enum : int { POLYGON_LIMIT = 10000 };
+
+// Turns one arc may walk at most.
+enum : int { ARC_TURNS = 100 };
+
 // Rectangle with opposite corners (x0, y0), (x1, y1); every edge reports a bad
 // pitch itself. 1 when all four edges were drawn.
 int draw_rectangle(float x0, float y0, float x1, float y1, float pitch);

@@ -178,7 +178,9 @@ int interpret(FILE *stream) {
     if (!keeps_command_word(r.cname)) lookup(0);
 
     const Command *cmd = nullptr;
-    if (strchr(line, '=') != nullptr && !is_text_command(r.cname) && strncmp(line, "//", 2) != 0) {
+    // `calc` takes its assignment itself ("calc r = 2*pi"), blanks and all.
+    if (strchr(line, '=') != nullptr && !is_text_command(r.cname) && strncmp(line, "//", 2) != 0 &&
+        !word_is(r.cname, "calc", 3)) {
       copy_text(r.cname, NAME_SIZE, "assign");
       evaluate(line);
     } else {

@@ -73,8 +73,9 @@ TEST_F(ReaderTest, IndentationIsKeptAndTabsAreNotBlanks) {
 }
 
 TEST_F(ReaderTest, LinesWithAnEqualSignAreAssignments) {
-  run_program("x=3\ny = x*2\nbraille 10 10 a=b\n// z=1\n");
+  run_program("x=3\ny = x*2\nbraille 10 10 a=b\n// z=1\ncalc w = y + 1\n");
   EXPECT_DOUBLE_EQ(evaluate("y"), 6.0);
+  EXPECT_DOUBLE_EQ(evaluate("w"), 7.0);
   evaluate("z");
   EXPECT_EQ(calc.error, 1);  // the comment assigned nothing
   EXPECT_EQ(run_state.error_count, 1);

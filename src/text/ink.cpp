@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "devices/postscript.h"
+#include "draw/axes.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
 #include "interp/diag.h"
@@ -24,7 +25,6 @@ const char *const colour_names[16] = {"black", "blue", "green", "cyan", "red", "
 
 static const double *const P = run_state.param;
 
-enum : int { AXIS_TICK_LIMIT = 10000 };  // ticks one ink-print axis writes at most
 
 void reset_ink() {
   ink = InkState();
