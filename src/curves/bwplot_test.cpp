@@ -5,15 +5,7 @@
 #include "shell/run_state.h"
 #include "support/test_env.h"
 
-class BwplotTest : public TactoTest {
- protected:
-  void SetUp() override {
-    TactoTest::SetUp();
-    use_mm_page();
-    run_state.run_mode = MODE_DEBUG;
-  }
-  std::vector<TracedDot> dots() const { return traced_dots(echoed()); }
-};
+class BwplotTest : public DrawTest {};
 
 // min -3, box -1..1 of height 2, median 0, max 3, bars of half-length 2,
 // dots 1 mm apart. Each piece derived from its primitive's walk: lines that

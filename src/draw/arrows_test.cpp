@@ -8,15 +8,7 @@
 #include "shell/run_state.h"
 #include "support/test_env.h"
 
-class ArrowsTest : public TactoTest {
- protected:
-  void SetUp() override {
-    TactoTest::SetUp();
-    use_mm_page();
-    run_state.run_mode = MODE_DEBUG;
-  }
-  std::vector<TracedDot> dots() const { return traced_dots(echoed()); }
-};
+class ArrowsTest : public DrawTest {};
 
 // Arrow (0,0) -> (4,0) with a square head of length 2, dots 1 mm apart.
 // Shaft: x = 0..4. Barb 1 (left of travel, up) walks up and reaches y = 2;

@@ -9,15 +9,7 @@
 // only its start dot, and a tick of 2 dots stands at 3 mm and 1.5 mm from
 // the axis (dots 6 and 3 off the axis line, rounded down to 283/280 above,
 // 271/274 below).
-class AxesTest : public TactoTest {
- protected:
-  void SetUp() override {
-    TactoTest::SetUp();
-    use_mm_page();
-    run_state.run_mode = MODE_DEBUG;
-  }
-  std::vector<TracedDot> dots() const { return traced_dots(echoed()); }
-};
+class AxesTest : public DrawTest {};
 
 // The x-axis stretch starting at unit k: its tick mark, then the line's start dot.
 static void tick_and_stretch(std::vector<TracedDot> &d, int k) {

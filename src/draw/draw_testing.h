@@ -11,6 +11,8 @@
 #include <vector>
 
 #include "geometry/page.h"
+#include "shell/run_state.h"
+#include "support/test_env.h"
 
 // One traced dot: grid dots in debug mode, world values in test mode.
 struct TracedDot {
@@ -69,5 +71,16 @@ inline int occurrences(const std::string &text, const std::string &needle) {
   for (size_t at = text.find(needle); at != std::string::npos; at = text.find(needle, at + 1)) n++;
   return n;
 }
+
+// A drawing test: the millimetre page in debug mode, its dots read back.
+class DrawTest : public TactoTest {
+ protected:
+  void SetUp() override {
+    TactoTest::SetUp();
+    use_mm_page();
+    run_state.run_mode = MODE_DEBUG;
+  }
+  std::vector<TracedDot> dots() const { return traced_dots(echoed()); }
+};
 
 #endif

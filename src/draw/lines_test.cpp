@@ -10,15 +10,7 @@
 #include "shell/run_state.h"
 #include "support/test_env.h"
 
-class LinesTest : public TactoTest {
- protected:
-  void SetUp() override {
-    TactoTest::SetUp();
-    use_mm_page();
-    run_state.run_mode = MODE_DEBUG;
-  }
-  std::vector<TracedDot> dots() const { return traced_dots(echoed()); }
-};
+class LinesTest : public DrawTest {};
 
 // The walk's scale must give the very bits dx_to_mm and dy_to_mm give, or a
 // dot could move; checked over papers, orientations and odd windows.

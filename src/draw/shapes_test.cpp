@@ -10,15 +10,7 @@
 #include "shell/run_state.h"
 #include "support/test_env.h"
 
-class ShapesTest : public TactoTest {
- protected:
-  void SetUp() override {
-    TactoTest::SetUp();
-    use_mm_page();
-    run_state.run_mode = MODE_DEBUG;
-  }
-  std::vector<TracedDot> dots() const { return traced_dots(echoed()); }
-};
+class ShapesTest : public DrawTest {};
 
 // Edges (-2,-1)->(-2,1)->(2,1)->(2,-1)->(-2,-1) with dots one unit apart:
 // the edges walking up and right reach their ends, those walking down and
