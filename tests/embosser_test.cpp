@@ -154,3 +154,11 @@ TEST(Embosser, RefusalsSwitchesAndFeeds) {
   EXPECT_EQ(run_program("plot 0 0 0\nff\nformfeed 2\n", {"-r", "-t"}).out,
             "plot 0.000 0.000 0\n   plot 0.000 0.000 0\nff\nformfeed 2\n");
 }
+
+// A value typed on the window's edge lies on it: the window is single precision.
+TEST(Embosser, PointsTypedOnTheWindowEdgeAreDrawn) {
+  RunResult r = run_program("plot 0 12.53 0\nmove 0 12.53\nplot -10.35 -12.53 0\n", {"-r", "-d"});
+  EXPECT_NE(r.out.find("   Plot 300 790 0\n"), std::string::npos);
+  EXPECT_NE(r.out.find("   Move 300 790\n"), std::string::npos);
+  EXPECT_NE(r.out.find("   Plot 0 0 0\n"), std::string::npos);
+}

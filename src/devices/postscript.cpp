@@ -182,8 +182,9 @@ void ps_plot(double wx, double wy, int kind) {
   }
   if (kind >= PATH_START && kind <= PATH_END) {
     ink_path(x, y, kind);
-  } else {
-    // Lone dots (kind 0, and 4 and above) stay dots in ink print.
+  } else if (kind >= 4) {
+    // Kinds 4 and above are dots in ink print too; a plain dot (0) is
+    // tactile only and leaves the ink-print copy alone.
     ps_path_break();
     ps_printf("\n%d %d %d 0 360 arc fill stroke\n", x, y, r);
   }

@@ -8,6 +8,10 @@
 
 static const double *const P = run_state.param;
 
+// A world coordinate as the window holds it: single precision, so that a
+// value typed on the window's edge lies on it.
+static float world(int i) { return static_cast<float>(P[i]); }
+
 enum : int { MAX_FEEDS = 99 };  // pages one formfeed may feed
 
 int cmd_design(const Command &) {
@@ -17,22 +21,22 @@ int cmd_design(const Command &) {
 int cmd_gap(const Command &) { return set_gap(trunc_int(P[1]), P[2]); }
 
 int cmd_scrape(const Command &) {
-  scrape(P[1], P[2], P[3]);
+  scrape(world(1), world(2), P[3]);
   return 1;
 }
 
 int cmd_move(const Command &) {
-  move_to(P[1], P[2]);
+  move_to(world(1), world(2));
   return 1;
 }
 
 int cmd_plot(const Command &) {
-  plot_dot(P[1], P[2], trunc_int(P[3]));
+  plot_dot(world(1), world(2), trunc_int(P[3]));
   return 1;
 }
 
 int cmd_point(const Command &) {
-  point_mark(P[1], P[2], trunc_int(P[3]));
+  point_mark(world(1), world(2), trunc_int(P[3]));
   return 1;
 }
 

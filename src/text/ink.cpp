@@ -45,12 +45,9 @@ void ink_document_closed() {
 
 int ink_active() { return ps.active && ps.ink_print && ps.file != nullptr; }
 
-// A colour component as PostScript reads it: NaN as 0, the rest held to 0-1
-// (the device would clamp it anyway; a huge number must not reach the file).
-static double component(float v) {
-  if (!(v > 0.0f)) return 0.0;
-  return v > 1.0f ? 1.0 : v;
-}
+// A colour or width value as written: as set, but a value that is not a
+// finite number (which PostScript could not read) as 0.
+static double component(float v) { return std::isfinite(v) ? v : 0.0; }
 
 // Width, colour or grey, and join: the state every stroke is written with.
 static void write_stroke_state() {

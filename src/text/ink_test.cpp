@@ -96,11 +96,10 @@ TEST_F(InkTest, PathCodesMakeOneStrokeAroundLoneDots) {
   ps_plot(0, 0, PATH_END);  // an end without a start draws nothing
   ps_plot(0, 0, PATH_ON);   // a continuation without a start begins one
   ps_flush();               // and the command's end strokes it
-  ps_plot(1, 0, 0);         // kind 0 stays a dot
+  ps_plot(1, 0, 0);         // a plain dot is tactile only: nothing in ink
   const std::string start = "\n1.00 setlinewidth\n0.00 setgray\n1 setlinejoin\n0 setlinecap\n";
   EXPECT_EQ(written(), start + "297 420 moveto\n326 420 lineto\nstroke\n\n356 420 1 0 360 arc fill stroke\n" +
-                           "326 420 moveto\n385 420 lineto\nstroke\n" + start + "297 420 moveto\nstroke\n" +
-                           "\n326 420 1 0 360 arc fill stroke\n");
+                           "326 420 moveto\n385 420 lineto\nstroke\n" + start + "297 420 moveto\nstroke\n");
 }
 
 TEST_F(InkTest, AxesTickEveryMultipleFromTheOriginOnTheSignedSide) {
