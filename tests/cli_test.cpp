@@ -38,7 +38,7 @@ TEST(Cli, RefusedOptionsAndUsage) {
   EXPECT_EQ(h.status, 1);
   EXPECT_EQ(h.err.substr(0, 58), "\n\nusage: tacto -ej -76i -m -td -r -h [infile] [> outfile]\n");
   EXPECT_NE(h.err.find("\nh or ?: discription of command line options\n"), std::string::npos);
-  EXPECT_NE(h.err.find("\noutfile: output file or standard output\n"), std::string::npos);
+  EXPECT_EQ(h.err.substr(h.err.size() - 40), "\noutfile: output file or standard output");
 }
 
 TEST(Cli, TheProgramMustBeCalledTacto) {
@@ -124,12 +124,23 @@ TEST(Cli, AConsoleSessionCanBeScripted) {
 
 TEST(Cli, TestAndDebugFromTheMenu) {
   TactoDir dir;
-  // In the console's trace modes the first bye only returns to normal mode.
-  RunResult r = dir.run({"-r"}, "3version\nbye\nversion\nbye\n4version\n");
-  EXPECT_EQ(r.out, "Version //0 11.20\nVersion //0 11.20\n");
+  // bye ends the Test and Debug items; in the Console item a trace mode
+  // entered by command is only left, and a second bye ends the item.
+  RunResult r = dir.run({"-r"}, "3version\nbye\n4version\nbye\n2test\nversion\nbye\nversion\nbye\n");
+  EXPECT_EQ(r.out, "Version //0 11.20\nVersion //0 11.20\ntest // mode 2 (return by 'bye').\nVersion //0 11.20\n");
   EXPECT_NE(r.err.find("\ntest 1: "), std::string::npos);
-  EXPECT_NE(r.err.find("\nconsole 1: version //0 11.20\n"), std::string::npos);
   EXPECT_NE(r.err.find("\ndebug 1: "), std::string::npos);
+  EXPECT_NE(r.err.find("\nconsole 2: version //0 11.20\n"), std::string::npos);
+  EXPECT_NE(r.err.find("\nconsole 3: "), std::string::npos);
+  EXPECT_EQ(r.err.find("unknown command"), std::string::npos);
+}
+
+TEST(Cli, ATraceModeEnteredUnderALogListSurvivesItsClosing) {
+  TactoDir dir;
+  RunResult r = dir.run({"-r"}, "2log q.log\ndebug\nbye\ntest\nversion\nbye\nbye\n");
+  EXPECT_EQ(r.status, 0);
+  EXPECT_NE(r.out.find("test // mode 2 (return by 'bye').\nVersion //0 11.20\n"), std::string::npos);
+  EXPECT_NE(dir.read("q.log").find("debug // mode 1 (return by 'bye').\n"), std::string::npos);
 }
 
 TEST(Cli, BinaryAndEndlessInputEndsNormally) {

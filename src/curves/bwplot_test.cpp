@@ -45,8 +45,8 @@ TEST_F(BwplotTest, EqualEndsLeaveTheWhiskersOut) {
 TEST_F(BwplotTest, BadPitchIsReportedByThePrimitives) {
   EXPECT_EQ(draw_bwplot(0, 0, -2, -1, 0, 1, 2, 2, 1, 0), 1);
   std::string err = errors();
-  EXPECT_EQ(occurrences(err, ": illegal pitch 0.00"), 5);
-  EXPECT_EQ(occurrences(err, ": out of range: pitch = 0.00mm"), 2);
+  EXPECT_EQ(count_of(err, ": illegal pitch 0.00"), 5);
+  EXPECT_EQ(count_of(err, ": out of range: pitch = 0.00mm"), 2);
   EXPECT_TRUE(dots().empty());
 }
 

@@ -104,12 +104,12 @@ TEST_F(ArrowsTest, Refusals) {
   EXPECT_EQ(draw_dart(0, 0, 0, 4, 30, 1, -1, 1), 0);
   EXPECT_EQ(draw_dart(0, 0, 0, 4, 30, 1, 0, NAN), 0);
   std::string err = errors();
-  EXPECT_EQ(occurrences(err, ": out of range: pitch = 0.00mm"), 1);
-  EXPECT_EQ(occurrences(err, ": out of range: pitch = -1.00mm"), 1);
-  EXPECT_EQ(occurrences(err, ": type should be 0-3 (4)"), 1);
-  EXPECT_EQ(occurrences(err, ": zero length of arrow"), 1);
-  EXPECT_EQ(occurrences(err, ": headtype should be 0-3 (-1)"), 1);
-  EXPECT_EQ(occurrences(err, ": out of range: pitch = "), 3);
+  EXPECT_EQ(count_of(err, ": out of range: pitch = 0.00mm"), 1);
+  EXPECT_EQ(count_of(err, ": out of range: pitch = -1.00mm"), 1);
+  EXPECT_EQ(count_of(err, ": type should be 0-3 (4)"), 1);
+  EXPECT_EQ(count_of(err, ": zero length of arrow"), 1);
+  EXPECT_EQ(count_of(err, ": headtype should be 0-3 (-1)"), 1);
+  EXPECT_EQ(count_of(err, ": out of range: pitch = "), 3);
   EXPECT_EQ(run_state.error_count, 6);
   EXPECT_TRUE(dots().empty());
 }

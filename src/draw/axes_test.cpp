@@ -92,13 +92,13 @@ TEST_F(AxesTest, Refusals) {
   EXPECT_EQ(draw_yaxis(0, 0, 0, 1, 1, 0, 1), 0);
   EXPECT_EQ(draw_yaxis(0, 0, 0, 1, 1, 2, 0), 0);
   std::string err = errors();
-  EXPECT_EQ(occurrences(err, ": zero length of x-axis (1.00-1.00)"), 1);
-  EXPECT_EQ(occurrences(err, ": illegal unit (0.00)"), 1);
-  EXPECT_EQ(occurrences(err, ": illegal pitch (-1.00mm)"), 1);
-  EXPECT_EQ(occurrences(err, ": zero length of y-axis (2.00-2.00)"), 1);
-  EXPECT_EQ(occurrences(err, ": unit should be positive (-1.00)"), 1);
-  EXPECT_EQ(occurrences(err, ": illegal pic (0)"), 1);
-  EXPECT_EQ(occurrences(err, ": illegal: pitch (0.00mm)"), 1);
+  EXPECT_EQ(count_of(err, ": zero length of x-axis (1.00-1.00)"), 1);
+  EXPECT_EQ(count_of(err, ": illegal unit (0.00)"), 1);
+  EXPECT_EQ(count_of(err, ": illegal pitch (-1.00mm)"), 1);
+  EXPECT_EQ(count_of(err, ": zero length of y-axis (2.00-2.00)"), 1);
+  EXPECT_EQ(count_of(err, ": unit should be positive (-1.00)"), 1);
+  EXPECT_EQ(count_of(err, ": illegal pic (0)"), 1);
+  EXPECT_EQ(count_of(err, ": illegal: pitch (0.00mm)"), 1);
   EXPECT_EQ(run_state.error_count, 7);
   EXPECT_TRUE(dots().empty());
 }

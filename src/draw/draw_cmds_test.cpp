@@ -95,7 +95,7 @@ TEST_F(DrawCmdsTest, ConversionModeEchoesAndDrawsNothing) {
 // The indentation of the line leads the echo, also when the command refuses.
 TEST_F(DrawCmdsTest, IndentedEchoComesBeforeTheChecks) {
   EXPECT_EQ(echo_of("    yaxis 0 0 0 1 1 0 1", MODE_TEST), "    yaxis 0.000 0.000 0.000 1.000 1.000 0 1.000\n");
-  EXPECT_EQ(occurrences(errors(), ": illegal pic (0)"), 1);
+  EXPECT_EQ(count_of(errors(), ": illegal pic (0)"), 1);
 }
 
 // Parameters arrive in their order; counts and head types are truncated.
@@ -105,7 +105,7 @@ TEST_F(DrawCmdsTest, ParametersReachTheFigures) {
   EXPECT_EQ(traced_dots(echoed()),
             plain({{190, 277}, {194, 277}, {198, 277},
                    {190, 277}, {192, 277}, {194, 277}, {196, 277}, {198, 277}, {198, 277}}));
-  EXPECT_EQ(occurrences(errors(), ": few angles of polygone (2)"), 1);
+  EXPECT_EQ(count_of(errors(), ": few angles of polygone (2)"), 1);
 }
 
 // eraser cx cy a b clears a rows and b columns either side of the centre:

@@ -65,12 +65,6 @@ inline std::vector<TracedDot> plain(std::initializer_list<std::pair<int, int>> c
   return dots;
 }
 
-// Occurrences of `needle` in `text`.
-inline int occurrences(const std::string &text, const std::string &needle) {
-  int n = 0;
-  for (size_t at = text.find(needle); at != std::string::npos; at = text.find(needle, at + 1)) n++;
-  return n;
-}
 
 // A drawing test: the millimetre page in debug mode, its dots read back.
 class DrawTest : public TactoTest {

@@ -68,8 +68,8 @@ TEST_F(LinesTest, BadPitchIsReportedAndDrawsNothing) {
   EXPECT_EQ(pitch_line(0, 0, 4, 0, -1), 0);
   EXPECT_EQ(pitch_line(0, 0, 4, 0, NAN), 0);
   std::string err = errors();
-  EXPECT_EQ(occurrences(err, ": illegal pitch 0.00"), 1);
-  EXPECT_EQ(occurrences(err, ": illegal pitch -1.00"), 1);
+  EXPECT_EQ(count_of(err, ": illegal pitch 0.00"), 1);
+  EXPECT_EQ(count_of(err, ": illegal pitch -1.00"), 1);
   EXPECT_EQ(run_state.error_count, 3);
   EXPECT_TRUE(dots().empty());
 }
@@ -122,9 +122,9 @@ TEST_F(LinesTest, HatchRefusals) {
   EXPECT_EQ(hatch_line(0, 0, 4, 0, -2), 0);
   EXPECT_EQ(hatch_line(0, 0, 4, 0, 1e-6f), 0);  // both steps vanish: the walk would never end
   std::string err = errors();
-  EXPECT_EQ(occurrences(err, ": zero distance between two points"), 1);
-  EXPECT_EQ(occurrences(err, ": illegal unit: 0.00 > 0"), 2);
-  EXPECT_EQ(occurrences(err, ": illegal unit: -2.00 > 0"), 1);
+  EXPECT_EQ(count_of(err, ": zero distance between two points"), 1);
+  EXPECT_EQ(count_of(err, ": illegal unit: 0.00 > 0"), 2);
+  EXPECT_EQ(count_of(err, ": illegal unit: -2.00 > 0"), 1);
   EXPECT_EQ(run_state.error_count, 4);
   EXPECT_TRUE(dots().empty());
 }

@@ -70,15 +70,15 @@ TEST_F(ShapesTest, ParallelogramAtNinetyDegreesIsABox) {
 TEST_F(ShapesTest, BadPitchMessageCounts) {
   EXPECT_EQ(draw_rectangle(0, 0, 1, 1, 0), 0);
   std::string err = errors();
-  EXPECT_EQ(occurrences(err, ": illegal pitch 0.00"), 4);
+  EXPECT_EQ(count_of(err, ": illegal pitch 0.00"), 4);
   EXPECT_EQ(draw_diamond(0, 0, 1, 1, -1), 0);
   err = errors();
-  EXPECT_EQ(occurrences(err, ": illegal pitch -1.00"), 4);
+  EXPECT_EQ(count_of(err, ": illegal pitch -1.00"), 4);
   EXPECT_EQ(draw_box(0, 0, 1, 1, 0), 0);
   EXPECT_EQ(draw_parallelogram(0, 0, 1, 1, 60, -2), 0);
   err = errors();
-  EXPECT_EQ(occurrences(err, ": illegal: pitch (0.00mm)"), 1);
-  EXPECT_EQ(occurrences(err, ": illegal: pitch (-2.00mm)"), 1);
+  EXPECT_EQ(count_of(err, ": illegal: pitch (0.00mm)"), 1);
+  EXPECT_EQ(count_of(err, ": illegal: pitch (-2.00mm)"), 1);
   EXPECT_EQ(run_state.error_count, 10);
   EXPECT_TRUE(dots().empty());
 }
@@ -89,9 +89,9 @@ TEST_F(ShapesTest, PolygonRefusals) {
   EXPECT_EQ(draw_polygon(3, 0, 0, 0, 0), 0);
   EXPECT_EQ(draw_polygon(3, 0, 0, -1, 1), 0);
   std::string err = errors();
-  EXPECT_EQ(occurrences(err, ": few angles of polygone (2)"), 1);
-  EXPECT_EQ(occurrences(err, ": illegal: pitch (0.00 mm)"), 1);
-  EXPECT_EQ(occurrences(err, ": illegal value of r (-1.00)"), 1);
+  EXPECT_EQ(count_of(err, ": few angles of polygone (2)"), 1);
+  EXPECT_EQ(count_of(err, ": illegal: pitch (0.00 mm)"), 1);
+  EXPECT_EQ(count_of(err, ": illegal value of r (-1.00)"), 1);
   EXPECT_EQ(run_state.error_count, 3);
   EXPECT_TRUE(dots().empty());
 }
@@ -159,8 +159,8 @@ TEST_F(ShapesTest, CurveRefusals) {
   EXPECT_EQ(draw_ellipse(0, 0, 10, 5, 0, 360, 0), 0);
   EXPECT_EQ(draw_circle(0, 0, 10, 0, INFINITY, 2), 0);  // a walk that would never end
   std::string err = errors();
-  EXPECT_EQ(occurrences(err, ": illegal pitch: 0.00mm"), 2);
-  EXPECT_EQ(occurrences(err, ": illegal angle: 0.00 inf"), 1);
+  EXPECT_EQ(count_of(err, ": illegal pitch: 0.00mm"), 2);
+  EXPECT_EQ(count_of(err, ": illegal angle: 0.00 inf"), 1);
   EXPECT_TRUE(dots().empty());
 }
 
@@ -218,11 +218,11 @@ TEST_F(ShapesTest, OvalRefusals) {
   EXPECT_EQ(draw_oval(0, 0, 3, 1, -3, 2, 1), 0);
   EXPECT_EQ(draw_oval(0, 0, 1, 0, 0, 2, 0), 0);
   std::string err = errors();
-  EXPECT_EQ(occurrences(err, ": same points: (x0, y0) = (x1, y1)"), 1);
-  EXPECT_EQ(occurrences(err, ": same points: (x0, y0) = (x2, y2)"), 1);
-  EXPECT_EQ(occurrences(err, ": same y coordinates: y1 = y2"), 1);
-  EXPECT_EQ(occurrences(err, ": same x coordinates: x1 = x2"), 1);
-  EXPECT_EQ(occurrences(err, ": illegal pitch: 0.00 mm"), 1);
+  EXPECT_EQ(count_of(err, ": same points: (x0, y0) = (x1, y1)"), 1);
+  EXPECT_EQ(count_of(err, ": same points: (x0, y0) = (x2, y2)"), 1);
+  EXPECT_EQ(count_of(err, ": same y coordinates: y1 = y2"), 1);
+  EXPECT_EQ(count_of(err, ": same x coordinates: x1 = x2"), 1);
+  EXPECT_EQ(count_of(err, ": illegal pitch: 0.00 mm"), 1);
   EXPECT_EQ(run_state.error_count, 5);
   EXPECT_TRUE(dots().empty());
 }

@@ -11,12 +11,6 @@
 
 class WinStackTest : public TactoTest {};
 
-static int count_in(const std::string &text, const std::string &needle) {
-  int n = 0;
-  for (size_t at = text.find(needle); at != std::string::npos; at = text.find(needle, at + 1)) n++;
-  return n;
-}
-
 TEST_F(WinStackTest, DepthBounds) {
   for (int i = 0; i < 23; i++) ASSERT_EQ(push_win(nullptr), 1) << i;
   EXPECT_EQ(push_win(nullptr), 0);
@@ -41,7 +35,7 @@ TEST_F(WinStackTest, APastedProgramLeavesTheCallersStateAsItWas) {
   EXPECT_EQ(run_state.line_number, 4);
   // The nested error names the pasted file and its own line.
   EXPECT_NE(errors().find("sub.txt line 4 \"unknown\": unknown command"), std::string::npos);
-  EXPECT_EQ(count_in(echoed(), "   Plot 359 474 0\n"), 1);  // (1, 1) unturned: grid (359.4, 474)
+  EXPECT_EQ(count_of(echoed(), "   Plot 359 474 0\n"), 1);  // (1, 1) unturned: grid (359.4, 474)
 }
 
 TEST_F(WinStackTest, NamesWithoutADirectoryAreFoundBesideTheCurrentProgram) {
@@ -51,14 +45,14 @@ TEST_F(WinStackTest, NamesWithoutADirectoryAreFoundBesideTheCurrentProgram) {
   run_state.run_mode = MODE_DEBUG;
   run_program("paste " + temp_path("parts/a.txt") + " 0 0 1 1\n");
   EXPECT_EQ(run_state.error_count, 0) << errors();
-  EXPECT_EQ(count_in(echoed(), "   Plot 300 395 0\n"), 1);
+  EXPECT_EQ(count_of(echoed(), "   Plot 300 395 0\n"), 1);
 }
 
 TEST_F(WinStackTest, TwentyThreeNestedPastesThenTheStackIsFull) {
   write_file("nest.txt", "paste nest.txt 0 0 1 1\nplot 0 0 0\n");
   run_state.run_mode = MODE_DEBUG;
   run_program("paste nest.txt 0 0 1 1\n");
-  EXPECT_EQ(count_in(echoed(), "   Plot 300 395 0\n"), 23);
+  EXPECT_EQ(count_of(echoed(), "   Plot 300 395 0\n"), 23);
   std::string e = errors();
   EXPECT_NE(e.find("push_win overflow deep = 28"), std::string::npos);
   EXPECT_NE(e.find("stack can not be pushed. deep = 28"), std::string::npos);
@@ -85,7 +79,7 @@ TEST_F(WinStackTest, RpasteTurnsAboutTheGivenPointThenRestoresTheCallersRotation
   run_program("rotate 1 5 5 10\nrotate 2 0 0 0\nrpaste sub.txt 0 0 1 1 90\nplot 0 1 0\n");
   // (1, 0) turned by 90 degrees about (0, 0) is the caller's (0, 1).
   std::string out = echoed();
-  EXPECT_EQ(count_in(out, "   Plot 300 427 0\n"), 2);
+  EXPECT_EQ(count_of(out, "   Plot 300 427 0\n"), 2);
   EXPECT_EQ(xform.rotate_on + xform.rotate_saved, 1);
 }
 

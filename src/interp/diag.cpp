@@ -45,7 +45,7 @@ int put_error(const char *text) {
 
 int put_warning(const char *text) {
   run_state.warning_count++;
-  char line[192];
+  char line[96];
   snprintf(line, sizeof line, "\nwarning %d! %s line %d \"%s\": %s", run_state.warning_count,
            run_state.fname, run_state.line_number, run_state.cname, text);
   // A trace run's transcript (the log list) keeps its warnings; on the
@@ -118,6 +118,9 @@ int log_list(int op) {
     run_state.log_on = 0;
     run_state.run_mode = MODE_NORMAL;
     run_state.echo_out = run_state.saved_echo;
+    // A trace mode entered while the list was open saved the list itself.
+    if (run_state.echo_out == list) run_state.echo_out = run_state.std_out;
+    if (run_state.saved_echo == list) run_state.saved_echo = run_state.std_out;
   }
   return 1;
 }

@@ -129,3 +129,11 @@ TEST_F(DiagTest, AlarmLevelsSilenceTones) {
   put_error("tones for errors");
   EXPECT_EQ(platform.beeps, 2);
 }
+
+TEST_F(DiagTest, WarningsAreCutToTheirArea) {
+  std::string reason(200, 'w');
+  put_warning(reason.c_str());
+  std::string e = errors();
+  EXPECT_EQ(e.size(), 95u);
+  EXPECT_EQ(e.substr(0, 40), "\nwarning 1! graph.txt line 12 \"circle\": ");
+}

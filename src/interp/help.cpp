@@ -60,14 +60,14 @@ static int answer(FILE *help, const char *query) {
     int printer_head = 0;
     for (const char *p : printers)
       if (strncasecmp(line, p, 5) == 0) printer_head = 1;
-    if (printer_head) {
-      if (strncasecmp(line, query, 5) == 0 && strlen(query) >= 5 && strncasecmp(line, "plot x y", 8) != 0) {
-        fputs(line, help_state.out);
-        state = 1;
-        printed = 1;
-      }
+    if (printer_head && strncasecmp(line, query, 5) == 0 && strlen(query) >= 5 &&
+        strncasecmp(line, "plot x y", 8) != 0) {
+      fputs(line, help_state.out);
+      state = 1;
+      printed = 1;
       continue;
     }
+    // Any other head line, the printer and plotter ones too, on three letters.
     if (n > 0 && strncasecmp(line, query, n) == 0 && strncasecmp(line, "esa", 3) != 0 &&
         strncasecmp(line, "plott", 5) != 0) {
       fputs(line, help_state.out);

@@ -155,7 +155,6 @@ int interpret(FILE *stream) {
         echo_raw_line();
         split_line(line);
         put_error("unmatched */");
-        if (!after_command()) break;
         continue;
       }
       if (r.comment_depth >= 2) {

@@ -12,11 +12,7 @@
 
 class ReaderTest : public TactoTest {};
 
-static int count_in(const std::string &text, const std::string &needle) {
-  int n = 0;
-  for (size_t at = text.find(needle); at != std::string::npos; at = text.find(needle, at + 1)) n++;
-  return n;
-}
+
 
 TEST_F(ReaderTest, LongLinesContinueAsTheNextLine) {
   std::string line150(150, 'a');
@@ -106,6 +102,23 @@ TEST_F(ReaderTest, PrefixesCountOnAndAreNeverReset) {
   EXPECT_EQ(run_state.line_number, 2);
 }
 
+TEST_F(ReaderTest, UnmatchedCommentEndsGoStraightToTheNextLine) {
+  std::string program;
+  for (int i = 0; i < 10; i++) program += "*/\n";
+  run_program(program + "version\nversion\n");
+  EXPECT_EQ(run_state.error_count, 10);
+  // The limit is checked after a command, so the first version still runs.
+  EXPECT_EQ(count_of(errors(), "version //0 11.20"), 1);
+}
+
+TEST_F(ReaderTest, WaitEchoesTheLineAsRead) {
+  run_state.run_mode = MODE_TEST;
+  platform_script_keys("x");
+  run_program("  wait\n");
+  EXPECT_EQ(echoed(), "  wait\nwait // until any key is pressed.\n");
+  EXPECT_EQ(platform.script, "");
+}
+
 TEST_F(ReaderTest, TheTenthErrorEndsTheRunAfterItsCommand) {
   std::string program;
   for (int i = 0; i < 12; i++) program += "nonsense\n";
@@ -132,7 +145,7 @@ TEST_F(ReaderTest, ByeInTheConsolesTraceModeOnlyLeavesTheMode) {
   run_state.in_console = 1;
   run_program("bye\nversion\nbye\nversion\n");
   // The first bye returned to normal mode; the second ended the program.
-  EXPECT_EQ(count_in(errors(), "version //0 11.20"), 1);
+  EXPECT_EQ(count_of(errors(), "version //0 11.20"), 1);
 }
 
 TEST_F(ReaderTest, StepModeWaitsForAKeyAndEscapeLeavesIt) {

@@ -52,10 +52,11 @@ int readp2(const char *text, int n, FILE *stream) {
       }
       r.param[at] = v;
       p = end;
-      if (v == DATA_END) {
-        r.param[n + 1] = k - 1;
-        return 1;
-      }
+    }
+    // 9999 in either place ends the data: the pairs before it count.
+    if (r.param[n + 2 * k] == DATA_END || r.param[n + 2 * k + 1] == DATA_END) {
+      r.param[n + 1] = k - 1;
+      return 1;
     }
   }
   return put_error("readp2 data end (9999) was not found");

@@ -85,6 +85,9 @@ TEST_F(ReadersTest, DataListFaults) {
   EXPECT_EQ(readp2("1", 1, data("1 2\n3\n")), 0);
   EXPECT_NE(errors().find("readp2 illegal data 3.00 (2, 2)"), std::string::npos);
   fclose(stream_);
+  EXPECT_EQ(readp2("1", 1, data("9999\n")), 0);  // the end line holds two numbers
+  EXPECT_NE(errors().find("readp2 illegal data 9999.00 (1, 2)"), std::string::npos);
+  fclose(stream_);
   std::string many;
   for (int i = 0; i < 63; i++) many += "1 1\n";
   many += "9999 0\n";

@@ -90,6 +90,8 @@ int cmd_system(const Command &) {
 }
 
 int cmd_wait(const Command &) {
+  // The echo carries the line as it was read, line feed and all.
+  if (echoing()) echo("%swait // until any key is pressed.\n", run_state.line_copy);
   fflush(stdout);
   get_key();
   return 1;

@@ -20,7 +20,10 @@ void console_run(int run_mode) {
   copy_text(run_state.fname, NAME_SIZE, "console");
   run_state.run_mode = run_mode;
   run_state.run_aborted = 0;
-  run_state.in_console = 1;  // bye in its test or debug mode only leaves the mode
+  // Only the Console item is the console activity: there `bye` in a test or
+  // debug mode entered by command only leaves the mode, while in the Test
+  // and Debug items it ends the activity.
+  run_state.in_console = run_mode == MODE_NORMAL;
   winstack_set_top(stdin, "console");
   interpret(stdin);
   run_state.in_console = 0;
@@ -46,7 +49,7 @@ static int menu_key() {
 void main_menu() {
   for (;;) {
     fputs("\n\n\n      Tacto Menu\n1: Set   2: Console  3: Test  4: Debug\n"
-          "5: List  6: Print    7: Image 8: Edel\n9: Help  0: Quit\n",
+          "5: List  6: Print    7: Image 8: Edel\n9: Help  0: Quit",
           stderr);
     int key = menu_key();
     clear_screen();

@@ -83,7 +83,6 @@ static void print_usage() {
     fputs(line, stderr);
     first = 0;
   }
-  fputs("\n", stderr);
 }
 
 // An argument beginning with '/' is an option ("/t") unless it is a path:

@@ -129,9 +129,3 @@ RunResult run_program(const std::string &program, const std::vector<std::string>
   args.push_back("prog.txt");
   return dir.run(args);
 }
-
-int count_of(const std::string &text, const std::string &needle) {
-  int n = 0;
-  for (size_t at = text.find(needle); at != std::string::npos; at = text.find(needle, at + needle.size())) n++;
-  return n;
-}

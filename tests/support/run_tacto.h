@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "support/count.h"
+
 struct RunResult {
   int status;
   std::string out;  // standard output: echo lines and embosser bytes
@@ -32,8 +34,5 @@ class TactoDir {
 
 // Runs a program text with options; a fresh directory each time.
 RunResult run_program(const std::string &program, const std::vector<std::string> &options = {"-r"});
-
-// Counts the occurrences of `needle` in `text`.
-int count_of(const std::string &text, const std::string &needle);
 
 #endif

@@ -9,6 +9,8 @@
 #include <cstdio>
 #include <string>
 
+#include "support/count.h"
+
 // A temporary file that collects output and reads it back.
 class Capture {
  public:
