@@ -48,10 +48,8 @@ int draw_arrow(float x0, float y0, float x1, float y1, float head_angle, float h
   double wx = (double)x1 - x0, wy = (double)y1 - y0;
   double length = sqrt(wx * wx + wy * wy);
   if (length == 0) return put_error("zero length of arrow");
-  double dir_c = acos(wx / length);
-  if (y1 < y0) dir_c = -dir_c;
-  double dir_s = asin(wy / length);
-  if (x1 < x0) dir_s = TACTO_PI - dir_s;
+  double dir_c, dir_s;
+  two_angles(wx, wy, length, &dir_c, &dir_s);
   draw_shaft_and_head(x0, y0, x1, y1, dir_c, dir_s, head_angle, head_len, type, pitch);
   return 1;
 }

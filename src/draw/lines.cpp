@@ -80,11 +80,8 @@ int hatch_line(float x0, float y0, float x1, float y1, float unit) {
   double wx = (double)x1 - x0, wy = (double)y1 - y0;
   double length = sqrt(wx * wx + wy * wy);
   if (length == 0) return put_error("zero distance between two points");
-  // The direction twice: from the cosine for x, from the sine for y.
-  double a = acos(wx / length);
-  if (y1 < y0) a = -a;
-  double b = asin(wy / length);
-  if (x1 < x0) b = TACTO_PI - b;
+  double a, b;
+  two_angles(wx, wy, length, &a, &b);
   double step_x = zero_tiny(cos(a) * unit);
   double step_y = zero_tiny(sin(b) * unit);
   // A unit so small that both steps vanish (or a segment of no finite

@@ -165,7 +165,7 @@ int set_window(double wx0, double wx1, double wy0, double wy1) {
   return set_frame(f.x0, f.x1, f.y0, f.y1, wx0, wx1, wy0, wy1);
 }
 
-int set_origin(double ox, double oy, double bias_x, double bias_y) {
+int check_bias(double bias_x, double bias_y) {
   if (!(bias_x > 0)) {
     compose("negative or zero bias x = %.2f", bias_x);
     return put_error(run_state.msg);
@@ -174,6 +174,11 @@ int set_origin(double ox, double oy, double bias_x, double bias_y) {
     compose("negative or zero bias y = %.2f", bias_y);
     return put_error(run_state.msg);
   }
+  return 1;
+}
+
+int set_origin(double ox, double oy, double bias_x, double bias_y) {
+  if (!check_bias(bias_x, bias_y)) return 0;
   const FloatRect &w = page_geom.w;
   const IntRect &f = page_geom.f;
   // Through the frame checks, so that a shift or scale that leaves no usable

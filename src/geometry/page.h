@@ -75,6 +75,9 @@ int set_frame(int x0, int x1, int y0, int y1, double wx0, double wx1, double wy0
 // The window command: set_frame with the current frame.
 int set_window(double wx0, double wx1, double wy0, double wy1);
 
+// 1 when both biases are positive; else "negative or zero bias x/y = %.2f".
+int check_bias(double bias_x, double bias_y);
+
 // The origin command: (ox, oy) becomes (0, 0) and one new unit is bias old units.
 int set_origin(double ox, double oy, double bias_x, double bias_y);
 

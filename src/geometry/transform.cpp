@@ -50,6 +50,13 @@ int set_rotate(int flag, double cx, double cy, double angle) {
 // Values this close to zero are taken as exactly zero.
 static double snap_zero(double v) { return (v > -0.00001 && v < 0.00001) ? 0.0 : v; }
 
+void two_angles(double dx, double dy, double r, double *from_cos, double *from_sin) {
+  *from_cos = acos(dx / r);
+  if (dy < 0) *from_cos = -*from_cos;
+  *from_sin = asin(dy / r);
+  if (dx < 0) *from_sin = TACTO_PI - *from_sin;
+}
+
 int rotate_point(double *x, double *y) {
   if (!xform.rotate_on) return 0;
   double a = xform.rotate_angle;
@@ -57,11 +64,8 @@ int rotate_point(double *x, double *y) {
   double cx = xform.rotate_cx, cy = xform.rotate_cy;
   double r = sqrt(pow(*x - cx, 2.0) + pow(*y - cy, 2.0));
   if (r == 0) return 1;
-  // Each output coordinate comes from the function well conditioned for it.
-  double alpha = acos((*x - cx) / r);
-  if (*y < cy) alpha = -alpha;
-  double beta = asin((*y - cy) / r);
-  if (*x < cx) beta = TACTO_PI - beta;
+  double alpha, beta;
+  two_angles(*x - cx, *y - cy, r, &alpha, &beta);
   double ox = snap_zero(cos(alpha + a) * r);
   double oy = snap_zero(sin(beta + a) * r);
   *x = cx + ox;

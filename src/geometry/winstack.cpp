@@ -88,14 +88,7 @@ static int run_nested(const char *file, double ox, double oy, double bias_x, dou
                       double angle) {
   copy_text(run_state.cname, NAME_SIZE, "paste");
   std::string path = resolve(file);
-  if (!(bias_x > 0)) {
-    compose("negative or zero bias x = %.2f", bias_x);
-    return put_error(run_state.msg);
-  }
-  if (!(bias_y > 0)) {
-    compose("negative or zero bias y = %.2f", bias_y);
-    return put_error(run_state.msg);
-  }
+  if (!check_bias(bias_x, bias_y)) return 0;
   if (!push_win(stackwin.stream)) {
     compose("stack can not be pushed. deep = %d", stackwin.depth);
     return put_error(run_state.msg);

@@ -77,9 +77,11 @@ static const char *summary_format(const char *const forms[4]) {
   return forms[many_errors + 2 * many_warnings];
 }
 
-// Writes a summary where the run mode says, and into `list` when it is open
-// and was not already the target.
-static void write_summary(const char *text, FILE *list) {
+// Writes the summary chosen from `forms` where the run mode says, and into
+// `list` when it is open and was not already the target.
+static void write_summary(const char *const forms[4], FILE *list) {
+  char text[128];
+  snprintf(text, sizeof text, summary_format(forms), run_state.error_count, run_state.warning_count);
   FILE *out = run_state.run_mode != MODE_NORMAL ? run_state.echo_out : stderr;
   fputs(text, out);
   fflush(out);
@@ -108,10 +110,8 @@ int log_list(int op) {
   static const char *const forms[4] = {
       "   /// %d error and %d warning ///\n", "   /// %d errors and %d warning ///\n",
       "   /// %d error and %d warnings ///\n", "   /// %d errors and %d warnings ///\n"};
-  char text[128];
-  snprintf(text, sizeof text, summary_format(forms), run_state.error_count, run_state.warning_count);
   FILE *list = run_state.log_on ? diag_lists.log_file : nullptr;
-  write_summary(text, list);
+  write_summary(forms, list);
   if (list != nullptr) {
     fclose(list);
     diag_lists.log_file = nullptr;
@@ -145,10 +145,8 @@ int error_list(int op) {
   static const char *const forms[4] = {
       "\n   /// %d error and %d warning ///", "\n   /// %d errors and %d warning ///",
       "\n   /// %d error and %d warnings ///", "\n   /// %d errors and %d warnings ///"};
-  char text[128];
-  snprintf(text, sizeof text, summary_format(forms), run_state.error_count, run_state.warning_count);
   FILE *list = run_state.errlist_on ? diag_lists.error_file : nullptr;
-  write_summary(text, list);
+  write_summary(forms, list);
   if (list != nullptr) {
     fclose(list);
     diag_lists.error_file = nullptr;
