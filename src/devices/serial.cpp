@@ -2,10 +2,12 @@
 #include "devices/serial.h"
 
 #include <cctype>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <poll.h>
 #include <strings.h>
 #include <termios.h>
 #include <unistd.h>
@@ -92,4 +94,38 @@ void apply_serial() {
     tcsetattr(fd, TCSANOW, &t);
   }
   close(fd);
+}
+
+int copy_to_port(const char *file) {
+  char path[PORT_NAME_SIZE + 16];
+  serial_device(path, sizeof path);
+  FILE *in = fopen(file, "rb");
+  if (in == nullptr) return 0;
+  // A port may be a device or a plain file; writes wait for the embosser,
+  // but not for ever.
+  int fd = open(path, O_WRONLY | O_NOCTTY | O_NONBLOCK | O_CREAT | O_APPEND, 0644);
+  if (fd < 0) {
+    fclose(in);
+    return 0;
+  }
+  int ok = 1;
+  char buf[4096];
+  size_t n;
+  while (ok && (n = fread(buf, 1, sizeof buf, in)) > 0) {
+    size_t done = 0;
+    while (done < n) {
+      ssize_t w = write(fd, buf + done, n - done);
+      if (w > 0) {
+        done += static_cast<size_t>(w);
+        continue;
+      }
+      struct pollfd p = {fd, POLLOUT, 0};
+      if (w < 0 && errno != EAGAIN && errno != EINTR) ok = 0;
+      else if (poll(&p, 1, 30000) <= 0) ok = 0;
+      if (!ok) break;
+    }
+  }
+  close(fd);
+  fclose(in);
+  return ok;
 }

@@ -29,4 +29,8 @@ void serial_device(char *buf, int size);
 // Applies the settings to the port's device; a failure goes unreported.
 void apply_serial();
 
+// Copies a file to the port unchanged; 0 when the port cannot be opened or
+// takes no data for half a minute.
+int copy_to_port(const char *file);
+
 #endif

@@ -99,9 +99,9 @@ const Command command_table[] = {
     {"include", 3, R_READP5, 0, cmd_include, "%sinclude %s\n", "%sinclude %s\n", nullptr, "", 0,
      "include FILE"},
     {"postscript", 3, R_READP5, 0, cmd_postscript, "%spostscript %s\n", "%spostscript %s\n", nullptr, "",
-     F_SKIP_CONVERT | F_NO_STEP, "postscript FILE"},
+     F_SKIP_CONVERT | F_NO_STEP | F_NO_ECHO3, "postscript FILE"},
     {"inkprint", 3, R_READP5, 0, cmd_inkprint, "%sinkprint %s\n", "%sinkprint %s\n", nullptr, "",
-     F_SKIP_CONVERT | F_NO_STEP, "inkprint FILE"},
+     F_SKIP_CONVERT | F_NO_STEP | F_NO_ECHO3, "inkprint FILE"},
     {"rgbcolor", 3, R_READP, 3, cmd_rgbcolor, "%srglcolor %.3f %.3f %.3f\n", "%srglcolor %.3f %.3f %.3f\n",
      nullptr, "---", 0, "rgbcolor R G B"},
     {"cmykcolor", 3, R_READP, 4, cmd_cmykcolor, "%scmykcolor %.3f %.3f %.3f %.3f\n",
@@ -228,10 +228,10 @@ const Command command_table[] = {
     {"alphanumeric", 3, R_READP3, 2, cmd_alphanumeric, "%salphanumeric %d %d %s\n",
      "%salphanumeric %.3f %.3f %s\n", nullptr, "xy", F_SKIP_CONVERT, "alphanumeric X Y TEXT"},
     {"formfeed", 3, R_READP, 1, cmd_formfeed, "%sformfeed %d\n", "%sformfeed %d\n", nullptr, "-",
-     F_SKIP_CONVERT | F_NO_STEP, "formfeed N"},
-    {"ff", 2, R_NONE, 0, cmd_ff, "%sff\n", "%sff\n", nullptr, "", F_SKIP_CONVERT | F_NO_STEP, "ff"},
+     F_SKIP_CONVERT | F_NO_STEP | F_NO_ECHO3, "formfeed N"},
+    {"ff", 2, R_NONE, 0, cmd_ff, "%sff\n", "%sff\n", nullptr, "", F_SKIP_CONVERT | F_NO_STEP | F_NO_ECHO3, "ff"},
     {"version", 3, R_NONE, 0, cmd_version, "%sVersion //0 %s\n", "%sVersion //0 %s\n", nullptr, "",
-     F_SKIP_CONVERT | F_NO_STEP, "version"},
+     F_SKIP_CONVERT | F_NO_STEP | F_NO_ECHO3, "version"},
     {"define", 3, R_NONE, 0, cmd_define, "%sdefine %s\n", "%sdefine %s\n", nullptr, "", 0,
      "define WORD TEXT"},
     {"undefine", 3, R_NONE, 0, cmd_undefine, "%sundefine %s\n", "%sundefine %s\n", nullptr, "", 0,
@@ -344,6 +344,7 @@ int dispatch(FILE *stream) {
     case R_READP5: ok = readp5(run_state.ptr); break;
   }
   if (!ok) return 0;
+  if (run_state.run_mode == MODE_CONVERT && (cmd->flags & F_NO_ECHO3)) return 1;
   echo_command(*cmd);
   if (run_state.run_mode == MODE_CONVERT && (cmd->flags & F_SKIP_CONVERT)) return 1;
   return cmd->handler(*cmd);

@@ -20,6 +20,7 @@ enum Reader : int {
 enum : int {
   F_SKIP_CONVERT = 1,  // in run mode 3 the echo is all: nothing is drawn
   F_NO_STEP = 2,       // in run mode 3 skipped without the after-command step
+  F_NO_ECHO3 = 4,      // in run mode 3 not even echoed: it has no output there
 };
 
 struct Command;

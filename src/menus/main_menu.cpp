@@ -10,6 +10,8 @@
 #include "interp/help.h"
 #include "interp/reader.h"
 #include "menus/image_jobs.h"
+#include "menus/print_screen.h"
+#include "menus/setup_menu.h"
 #include "platform/platform.h"
 #include "shell/run_state.h"
 #include "shell/startup.h"
@@ -54,6 +56,11 @@ void main_menu() {
     int key = menu_key();
     clear_screen();
     switch (key) {
+      case '1': case 's':
+        copy_text(run_state.fname, NAME_SIZE, "set");
+        setup_menu();
+        copy_text(run_state.fname, NAME_SIZE, "console");
+        break;
       case '2': case 'c': console_run(MODE_NORMAL); break;
       case '3': case 't': console_run(MODE_TEST); break;
       case '4': case 'd': console_run(MODE_DEBUG); break;
@@ -63,10 +70,12 @@ void main_menu() {
         help_browser(stdin);
         run_state.in_help = 0;
         break;
+      case '5': case 'l': list_directory(); break;
+      case '6': case 'p': print_screen(); break;
       case '7': case 'i': image_item(); break;
       case '0': case 'q': run_state.quit_requested = 1; break;
       default:
-        // Set, List, Print and Edel have screens of their own.
+        // Edel, the exchange-file conversion, has a screen of its own.
         fputs("\n   this screen is not available in this version\n", stderr);
         beep(220, 150);
         break;

@@ -24,6 +24,7 @@
 #include "menus/console_io.h"
 #include "menus/image_jobs.h"
 #include "menus/main_menu.h"
+#include "menus/print_screen.h"
 #include "platform/platform.h"
 #include "raster/dmap.h"
 #include "raster/plot.h"
@@ -50,6 +51,7 @@ void reset_all_state() {
   reset_sys_file();
   reset_console_io();
   reset_image_jobs();
+  reset_print_screen();
 }
 
 void show_banner() {

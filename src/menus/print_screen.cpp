@@ -1,0 +1,227 @@
+// print_screen.cpp - the print job: its questions, and the copies it runs.
+#include "menus/print_screen.h"
+
+#include <cstdio>
+#include <string>
+
+#include "devices/embosser.h"
+#include "devices/postscript.h"
+#include "devices/serial.h"
+#include "geometry/page.h"
+#include "geometry/winstack.h"
+#include "interp/diag.h"
+#include "interp/reader.h"
+#include "menus/console_io.h"
+#include "platform/platform.h"
+#include "raster/dmap.h"
+#include "raster/plot.h"
+#include "shell/run_state.h"
+
+PrintScreen print_screen_state;
+
+void reset_print_screen() { print_screen_state = PrintScreen(); }
+
+static const char kBack[] = "(Keyin Period and Enter if return to Tacto menu.)";
+
+// Reports a file that cannot be opened and waits for a key; returns 0.
+static int not_open(const char *format, const char *name, const char *prompt) {
+  compose(format, name);
+  put_error(run_state.msg);
+  press_any_key(prompt);
+  return 0;
+}
+
+// Asks for a file name with a default; 0 when the user goes back.
+static int ask_name(const char *label, const char *fallback, char *out, int size) {
+  fprintf(stderr, "\n%s [%s] = ", label, fallback);
+  char typed[TEXT_SIZE + 1] = "";
+  int got = read_text(typed, sizeof typed);
+  if (got < 0 || (got == 0 && console_io.at_end)) return 0;
+  if (got > 0) merge_name(typed, fallback, out, size);
+  else copy_text(out, size, fallback);
+  return 1;
+}
+
+// Mode, copies and output: each asked until the answer is valid. 0 when the
+// user goes back (or the input ends).
+static int ask_mode() {
+  static const char *const names[2] = {"plotter mode", "printer mode"};
+  for (;;) {
+    fprintf(stderr, "\n(0: plotter mode, 1: printer mode)\nmode [%s] = ",
+            names[print_screen_state.printer_mode ? 1 : 0]);
+    int n = read_number(2);
+    if (n == BACK_TO_MENU || console_io.at_end) return 0;
+    if (n == KEEP_DEFAULT) n = 0;
+    if (n == 0 || n == 1) {
+      beep(1760, 50);
+      print_screen_state.printer_mode = n;
+      return 1;
+    }
+    beep(220, 150);
+  }
+}
+
+static int ask_copies() {
+  for (;;) {
+    fprintf(stderr, "\nHow many copies (1-99)[%d] = ", print_screen_state.copies);
+    int n = read_number(3);  // wide enough that 100 is read, and refused
+    if (n == BACK_TO_MENU || console_io.at_end) return 0;
+    if (n == KEEP_DEFAULT) n = print_screen_state.copies;
+    if (n >= 1 && n <= 99) {
+      beep(1760, 50);
+      print_screen_state.copies = n;
+      return 1;
+    }
+    beep(220, 150);
+  }
+}
+
+static int ask_output() {
+  static const char *const names[3] = {"printer", "file", "exchange"};
+  for (;;) {
+    fprintf(stderr, "\n(0: printer, 1: file, 2: exchange file)\noutput [%s] ? ",
+            names[print_screen_state.output]);
+    int n = read_number(2);
+    if (n == BACK_TO_MENU || console_io.at_end) return 0;
+    if (n == KEEP_DEFAULT) n = TO_PRINTER;
+    if (n >= TO_PRINTER && n <= TO_EXCHANGE) {
+      beep(1760, 50);
+      print_screen_state.output = n;
+      return 1;
+    }
+    beep(220, 150);
+  }
+}
+
+// The Y/N question; 1 to go on, 0 to go back.
+static int confirm(const char *question) {
+  for (;;) {
+    fputs(question, stderr);
+    int key = get_key();
+    if (key == KEY_ENTER || key == 'y' || key == '1') return !keys_at_end();
+    if (key == 'n' || key == '0' || key == KEY_ESCAPE) return 0;
+    beep(220, 150);
+  }
+}
+
+// One copy: the program interpreted with the output open.
+static int print_copy(const char *program, const char *output, int printer_mode) {
+  RunState &r = run_state;
+  FILE *in = fopen(program, "r");
+  if (in == nullptr) return not_open("Tacto [%s] was not open", program, "press any key ? ");
+  copy_text(r.fname, NAME_SIZE, program);
+  copy_text(r.program_file, PROGRAM_FILE_SIZE, program);
+  winstack_set_top(in, program);
+  FILE *out = fopen(output, "w");
+  if (out == nullptr) {
+    fclose(in);
+    return not_open("output [%s] was not open", output, "press any key ? ");
+  }
+  embosser.out = out;
+  r.print_out = out;
+  if (printer_mode) {
+    alloc_dmap();
+    embosser.printer_output = 1;
+  }
+  embosser.everest_setup_sent = 0;  // every copy starts with the set-up lines
+  embosser.plotter_mode = 0;
+  r.run_aborted = 0;
+  interpret(in);
+  if (r.log_on) log_list(2);
+  if (ps.active) ps_close();
+  fclose(in);
+  if (printer_mode) {
+    // The last page, unless the program's own feed has sent it already:
+    // an empty sheet would only waste paper.
+    if (dmap.has_dots && plot_state.feeds_suppressed) {
+      print_dmap();
+      clear_dmap();
+      dmap.has_dots = 0;
+    } else if (dmap.has_dots) {
+      page_feed(2);
+    }
+    free_dmap();
+    embosser.printer_output = 0;
+  }
+  fclose(out);
+  embosser.out = stdout;
+  r.print_out = nullptr;
+  r.echo_out = r.std_out;
+  return 1;
+}
+
+int print_program(const char *program, const char *output, int copies, int printer_mode, int target) {
+  RunState &r = run_state;
+  int saved_print = r.in_print;
+  r.in_print = 1;
+  if (target == TO_PRINTER) apply_serial();
+  if (target == TO_EXCHANGE) r.run_mode = MODE_CONVERT;
+  int ok = 1;
+  for (int copy = 1; copy <= copies && ok; copy++) {
+    fprintf(stderr, "\n\ncopy %d: ", copy);
+    ok = print_copy(program, output, printer_mode);
+    if (ok && target == TO_PRINTER && !copy_to_port(output)) {
+      char port[PORT_NAME_SIZE + 16];
+      serial_device(port, sizeof port);
+      ok = not_open("port [%s] was not open", port, "press any key ? ");
+    }
+  }
+  if (r.run_mode == MODE_CONVERT) r.run_mode = MODE_NORMAL;
+  r.in_print = saved_print;
+  return ok;
+}
+
+int print_screen() {
+  RunState &r = run_state;
+  copy_text(r.fname, NAME_SIZE, "program");
+  copy_text(r.cname, NAME_SIZE, "program");
+  beep(1760, 50);
+  fprintf(stderr, "\n\nPrint a command Program\n%s\n", kBack);
+
+  char program[PROGRAM_FILE_SIZE];
+  if (!ask_name("Tacto file", r.program_file, program, sizeof program)) return 1;
+  FILE *probe = fopen(program, "r");
+  if (probe == nullptr) {
+    not_open("Tacto [%s] was not open", program, "\n   press any key ? ");
+    return 1;
+  }
+  fclose(probe);
+  copy_text(r.program_file, PROGRAM_FILE_SIZE, program);
+
+  if (!ask_mode() || !ask_copies() || !ask_output()) return 1;
+  int target = print_screen_state.output;
+  char output[PROGRAM_FILE_SIZE];
+  char fallback[PROGRAM_FILE_SIZE];
+  if (target == TO_PRINTER) {
+    std::string temp = path_dir(program_path()) + "tmp.out";
+    copy_text(output, sizeof output, temp.c_str());
+  } else {
+    std::string ext = target == TO_FILE ? ".out" : ".tgx";
+    copy_text(fallback, sizeof fallback, (path_dir(program) + path_base(program) + ext).c_str());
+    if (!ask_name(target == TO_FILE ? "output file" : "exchange file", fallback, output, sizeof output)) return 1;
+    FILE *test = fopen(output, "w");
+    if (test == nullptr) {
+      not_open("file [%s] was not open", output, "   press any key ? ");
+      return 1;
+    }
+    fclose(test);
+  }
+
+  char question[2 * PROGRAM_FILE_SIZE + 64];
+  if (target == TO_PRINTER)
+    snprintf(question, sizeof question, "\nouput %s in %s (Y/N)[yes] ? ", program,
+             printer_table[page_geom.printer].name);
+  else
+    snprintf(question, sizeof question, "\nconvert %s to %s (Y/N)[yes] ? ", program, output);
+  if (!confirm(question)) return 1;
+
+  print_program(program, output, print_screen_state.copies, print_screen_state.printer_mode, target);
+
+  if (r.errlist_on) error_list(2);
+  if (r.error_count > 0) press_any_key(" press any key ? ");
+  copy_text(r.fname, NAME_SIZE, program);
+  r.error_count = r.warning_count = 0;
+  fprintf(stderr, "\nTacto [%s] has executed", program);
+  press_any_key("\n   press any key ? ");
+  return 1;
+}
