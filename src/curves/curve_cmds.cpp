@@ -1,19 +1,39 @@
 // curve_cmds.cpp - curve commands: function curves, splines, broken lines.
+// The dispatcher has read the numbers (and the data list of the data
+// curves); the handlers narrow them and hand them to the curve modules.
 #include "curves/curve_cmds.h"
 
+#include "curves/functions.h"
+#include "curves/splines.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
 #include "interp/commands.h"
+#include "interp/readers.h"
 #include "shell/run_state.h"
 
 static const double *const P = run_state.param;
 
-int cmd_function_curve(const Command &) { return 1; }
+int cmd_function_curve(const Command &cmd) {
+  const CurveMember *m = find_curve(cmd.word);
+  if (m == nullptr) return 0;
+  float v[PARAM_SIZE];
+  int count = curve_value_count(*m);
+  for (int i = 0; i < count && i + 1 < PARAM_SIZE; i++) v[i] = static_cast<float>(P[i + 1]);
+  return plot_curve(*m, v, page_geom);
+}
 
-// Lists the data points of a spline or broken line as they were taken in.
-static void list_points(int first, int count) {
-  for (int k = 1; k <= count; k++)
-    echo("%d (%.2f, %.2f)\n", k, P[first + 2 * k], P[first + 2 * k + 1]);
+// The data list after `first` parameters: its count, at most a reader's worth.
+static int pair_count(int first) {
+  int n = trunc_int(P[first + 1]);
+  return n > MAX_PAIRS ? MAX_PAIRS : n;
+}
+
+// Copies the data pairs out of the parameter list.
+static void data_points(int first, int n, double *xs, double *ys) {
+  for (int k = 1; k <= n; k++) {
+    xs[k - 1] = P[first + 2 * k];
+    ys[k - 1] = P[first + 2 * k + 1];
+  }
 }
 
 // The conversion mode's copy of the data list and its end mark.
@@ -24,20 +44,21 @@ static void convert_points(int first, int count) {
   echo("%s   9999 0\n", run_state.indent);
 }
 
+// Debug and test runs list each point as the spline takes it in.
+static void list_point(int k, double x, double y) { echo("%d (%.2f, %.2f)\n", k, x, y); }
+
 int cmd_spline(const Command &) {
   const char *in = run_state.indent;
-  int n = trunc_int(P[9]);
+  int n = pair_count(8);
   switch (run_state.run_mode) {
     case MODE_DEBUG:
       echo("%sspline %d %d %d %d %d %d %d %.3f //0 with %d points\n", in, world_to_dot_x(P[1]),
            world_to_dot_x(P[2]), world_to_dot_y(P[3]), world_to_dot_y(P[4]), trunc_int(P[5]),
            trunc_int(P[6] * dots_per_unit_x()), trunc_int(P[7] * dots_per_unit_y()), P[8], n);
-      list_points(8, n);
       break;
     case MODE_TEST:
       echo("%sspline %.3f %.3f %.3f %.3f %d %.3f %.3f %.3f //0 with %d points\n", in, P[1], P[2], P[3], P[4],
            trunc_int(P[5]), P[6], P[7], P[8], n);
-      list_points(8, n);
       break;
     case MODE_CONVERT:
       echo("%sspline %.3f %.3f %.3f %.3f %d %.3f %.3f %.3f\n", in, world_to_grid_x(P[1]), world_to_grid_x(P[2]),
@@ -48,11 +69,22 @@ int cmd_spline(const Command &) {
     default:
       break;
   }
-  return 1;
+  double xs[MAX_PAIRS], ys[MAX_PAIRS];
+  if (n > 0) data_points(8, n, xs, ys);
+  SplineArgs a;
+  a.x0 = static_cast<float>(P[1]);
+  a.x1 = static_cast<float>(P[2]);
+  a.y0 = static_cast<float>(P[3]);
+  a.y1 = static_cast<float>(P[4]);
+  a.kind = trunc_int(P[5]);
+  a.dx = static_cast<float>(P[6]);
+  a.dy = static_cast<float>(P[7]);
+  a.pitch = static_cast<float>(P[8]);
+  return draw_spline(a, xs, ys, n, page_geom, run_state.run_mode == MODE_NORMAL ? nullptr : list_point);
 }
 
 int cmd_bline(const Command &) {
-  int n = trunc_int(P[2]);
+  int n = pair_count(1);
   switch (run_state.run_mode) {
     case MODE_DEBUG:
       echo("%scline %.3f // with %d points\n", run_state.indent, P[1], n);
@@ -64,5 +96,7 @@ int cmd_bline(const Command &) {
     default:
       break;
   }
-  return 1;
+  double xs[MAX_PAIRS], ys[MAX_PAIRS];
+  if (n > 0) data_points(1, n, xs, ys);
+  return draw_bline(static_cast<float>(P[1]), xs, ys, n);
 }

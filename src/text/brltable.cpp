@@ -44,3 +44,9 @@ const BrailleCell *find_cell(int c) {
     if (cell.key == c) return &cell;
   return nullptr;
 }
+
+// The table above ordered by dot mask: character m - 1 raises the dots of mask m.
+static const char by_mask[] = "A1B'K2L@CIF/MSP\"E3H9O6R^DJG>NTQ,*5<-U8V.%[$+X!&;:4\\0Z7(_?W]#Y)=";
+static_assert(sizeof by_mask == BRAILLE_CELLS, "one character per mask 1-63");
+
+int mask_to_ascii(int mask) { return mask >= 1 && mask < BRAILLE_CELLS ? by_mask[mask - 1] : 0; }

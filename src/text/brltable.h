@@ -16,7 +16,11 @@ extern const BrailleCell braille_cells[BRAILLE_CELLS];
 // to blanks, the upper half to cells or blanks.
 int normalize_char(int c);
 
-// The row of a normalised character, or null when it has none.
+// The row of a normalised character, or null when it has none (TAB, LF, FF).
 const BrailleCell *find_cell(int c);
+
+// The Braille ASCII character of a dot mask 1-63 (bit 0 = dot 1 ... bit 5 =
+// dot 6); 0 outside that range.
+int mask_to_ascii(int mask);
 
 #endif
