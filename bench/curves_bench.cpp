@@ -4,6 +4,8 @@
 // drawn into the dot map as a print job does.
 #include <benchmark/benchmark.h>
 
+#include "bench_support.h"
+
 #include <cmath>
 
 #include "curves/functions.h"
@@ -14,28 +16,13 @@
 #include "shell/run_state.h"
 #include "shell/startup.h"
 
-// ESA721 a4, normal run, printer mode into a fresh dot map.
-static void start_print_job() {
-  reset_all_state();
-  run_state.run_mode = MODE_NORMAL;
-  embosser.printer_output = 1;
-  alloc_dmap();
-}
-
-static void end_print_job() { reset_all_state(); }
-
-// Samples or steps as a rate, shown as time per sample.
-static benchmark::Counter per_sample(double samples) {
-  return benchmark::Counter(samples, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
-}
-
 // y = 4 sin x over two turns (degrees), across the window, pitch 1.5 mm.
 static void BM_SinCurve(benchmark::State &state) {
   start_print_job();
   const CurveMember &sine = *find_curve("sin");
   const float v[] = {0, 0, -10, 10, -6, 6, 4, 36, 0, 0, 1.5f};
   for (auto _ : state) benchmark::DoNotOptimize(plot_curve(sine, v, page_geom));
-  state.counters["sample"] = per_sample(CURVE_STEPS + 1);
+  state.counters["sample"] = per_step(CURVE_STEPS + 1);
   end_print_job();
 }
 BENCHMARK(BM_SinCurve);
@@ -54,7 +41,7 @@ static void spline_bench(benchmark::State &state, int kind) {
   twenty_points(xs, ys);
   SplineArgs a = {-10, 10, -10, 10, kind, 0, 0, 1.5f};
   for (auto _ : state) benchmark::DoNotOptimize(draw_spline(a, xs, ys, 20, page_geom, nullptr));
-  state.counters["sample"] = per_sample(19.0 * SPLINE_STEPS + 1);  // both ways 19 units or segments
+  state.counters["sample"] = per_step(19.0 * SPLINE_STEPS + 1);  // both ways 19 units or segments
   end_print_job();
 }
 

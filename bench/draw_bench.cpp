@@ -3,6 +3,8 @@
 // page of 500 mixed figures, all drawn into the dot map as a print job does.
 #include <benchmark/benchmark.h>
 
+#include "bench_support.h"
+
 #include "devices/embosser.h"
 #include "draw/arrows.h"
 #include "draw/axes.h"
@@ -12,21 +14,6 @@
 #include "raster/dmap.h"
 #include "shell/run_state.h"
 #include "shell/startup.h"
-
-// ESA721 a4, normal run, printer mode into a fresh dot map.
-static void start_print_job() {
-  reset_all_state();
-  run_state.run_mode = MODE_NORMAL;
-  embosser.printer_output = 1;
-  alloc_dmap();
-}
-
-static void end_print_job() { reset_all_state(); }
-
-// Sub-steps as a rate, shown as time per sub-step.
-static benchmark::Counter per_step(double steps) {
-  return benchmark::Counter(steps, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
-}
 
 static void BM_PitchLine(benchmark::State &state) {
   start_print_job();

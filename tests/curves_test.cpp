@@ -10,10 +10,7 @@
 
 #include "support/run_tacto.h"
 
-// The Everest-D a4 grid under a window where one unit is one millimetre:
-// world (x, y) is dot (2x + 190, 2y + 277).
-static const std::string MM_PAGE = "everest-d\nwindow -95 95 -138.5 138.5\n";
-static const std::string MM_ECHO = "everest-d\nwindow -95.000 95.000 -138.500 138.500\n";
+// On the millimetre page (MM_PAGE) world (x, y) is dot (2x + 190, 2y + 277).
 
 // A flat curve at a pitch just under 2 mm: a path of three dots and its end.
 TEST(Curves, DebugTraceOfAFunctionCurve) {

@@ -4,10 +4,7 @@
 
 #include "support/run_tacto.h"
 
-// The Everest-D a4 grid under a window where one unit is one millimetre:
-// world (x, y) is dot (2x + 190, 2y + 277).
-static const std::string MM_PAGE = "everest-d\nwindow -95 95 -138.5 138.5\n";
-static const std::string MM_ECHO = "everest-d\nwindow -95.000 95.000 -138.500 138.500\n";
+// On the millimetre page (MM_PAGE) world (x, y) is dot (2x + 190, 2y + 277).
 
 TEST(Draw, DebugTraceOfLinesBothWays) {
   RunResult r = run_program(MM_PAGE + "line 0 0 4 0 1.9999\nline 4 0 0 0 1.9999\nline 0 0 0 0 2\n", {"-r", "-d"});

@@ -32,6 +32,11 @@ class TactoDir {
   std::string dir_;
 };
 
+// A program's first lines for a page where one world unit is one millimetre
+// (two dots of the Everest-D a4 grid), and their test-mode echo.
+static const std::string MM_PAGE = "everest-d\nwindow -95 95 -138.5 138.5\n";
+static const std::string MM_ECHO = "everest-d\nwindow -95.000 95.000 -138.500 138.500\n";
+
 // Runs a program text with options; a fresh directory each time.
 RunResult run_program(const std::string &program, const std::vector<std::string> &options = {"-r"});
 
