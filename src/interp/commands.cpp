@@ -313,17 +313,17 @@ void echo_command(const Command &cmd) {
     const char *start = f++;
     while (*f && strchr("-+ #0123456789.", *f)) f++;
     if (*f == '\0') break;
-    std::string spec(start, f - start + 1);
+    std::string conversion(start, f - start + 1);
     char buf[LINE_SIZE + 32];
     if (*f == 's') {
       const char *text = (first && start == format) ? run_state.indent : echo_text(cmd);
-      snprintf(buf, sizeof buf, spec.c_str(), text);
+      snprintf(buf, sizeof buf, conversion.c_str(), text);
     } else {
       char conv = index - 1 < static_cast<int>(strlen(cmd.conv)) ? cmd.conv[index - 1] : '-';
       double v = index < PARAM_SIZE ? shown_value(conv, run_state.param[index], mode) : 0.0;
       index++;
-      if (*f == 'd') snprintf(buf, sizeof buf, spec.c_str(), trunc_int(v));
-      else snprintf(buf, sizeof buf, spec.c_str(), v);
+      if (*f == 'd') snprintf(buf, sizeof buf, conversion.c_str(), trunc_int(v));
+      else snprintf(buf, sizeof buf, conversion.c_str(), v);
     }
     first = 0;
     line += buf;
