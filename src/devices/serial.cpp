@@ -28,15 +28,6 @@ void reset_serial() {
   serial.stop = 0;
 }
 
-void serial_mode_line(char *buf, int size) {
-  static const char *const parity[3] = {"n", "o", "e"};
-  static const char *const stop[3] = {"1", "1.5", "2"};
-  int p = serial.parity >= 0 && serial.parity <= 2 ? serial.parity : 0;
-  int s = serial.stop >= 0 && serial.stop <= 2 ? serial.stop : 0;
-  snprintf(buf, size, "mode %s: baud=%d parity=%s data=%d stop=%s xon=%s > NUL", serial.port, serial.baud,
-           parity[p], serial.data_bits, stop[s], serial.xon ? "on" : "off");
-}
-
 void serial_device(char *buf, int size) {
   const char *name = serial.port;
   if (strncasecmp(name, "COM", 3) == 0 && isdigit(static_cast<unsigned char>(name[3]))) {

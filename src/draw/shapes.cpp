@@ -180,10 +180,7 @@ int draw_oval(float x0, float y0, float x1, float y1, float x2, float y2, float 
     compose("illegal pitch: %.2f mm", pitch);
     return put_error(run_state.msg);
   }
-  if (!walkable(t1, t2, OVAL_STEP)) {
-    compose("illegal angle: %.2f %.2f", t1, t2);
-    return put_error(run_state.msg);
-  }
+  // Both directions come from asin, so the arc spans less than a turn.
   walk_arc(ArcWalk{x0, y0, a, b, t1, t2, OVAL_STEP, pitch, 1});
   return 1;
 }

@@ -33,8 +33,6 @@ void platform_fix_clock(const std::string &text) {
   platform.clock_text = text;
 }
 
-int stream_is_terminal(int fd) { return isatty(fd) ? 1 : 0; }
-
 // Reads one byte from the terminal in non-canonical mode without echo.
 // `wait_ms` < 0 waits for ever; otherwise returns -1 when nothing arrives.
 static int tty_byte(int wait_ms) {
@@ -152,12 +150,6 @@ std::string local_time_text() {
   char buf[64];
   strftime(buf, sizeof buf, "%a %b %e %H:%M:%S %Y", &tmv);
   return buf;
-}
-
-int run_command_line(const char *line) {
-  fflush(stdout);
-  fflush(stderr);
-  return system(line);
 }
 
 int run_user_shell() {

@@ -45,9 +45,6 @@ void platform_tone(int frequency, int duration_ms);
 // Clears the console (an ANSI clear on a terminal, nothing otherwise).
 void clear_screen();
 
-// 1 when the given stream is a terminal.
-int stream_is_terminal(int fd);
-
 // The running program's full path.
 std::string program_path();
 
@@ -56,9 +53,6 @@ std::string local_time_text();
 
 // Runs the user's shell interactively ($SHELL, else /bin/sh) and waits.
 int run_user_shell();
-
-// Runs a command line through /bin/sh and waits; returns its status.
-int run_command_line(const char *line);
 
 // Path helpers in the manner of the classic split/merge functions.
 std::string path_dir(const std::string &path);   // "a/b/c.txt" -> "a/b/"

@@ -25,7 +25,6 @@ const char *const colour_names[16] = {"black", "blue", "green", "cyan", "red", "
 
 static const double *const P = run_state.param;
 
-
 void reset_ink() {
   ink = InkState();
   ink.join = 1;
@@ -34,8 +33,6 @@ void reset_ink() {
   ink.jsize = 18;
   ink.efont = 2;
   ink.jfont = 6;
-  ink.scale_choice = 2;
-  ink.scale = 2.0;
 }
 
 void ink_document_closed() {

@@ -19,8 +19,6 @@ struct InkState {
   int jsize;       // Japanese font size 1-100 (18)
   int efont;       // 0-3 (2)
   int jfont;       // 4-11 (6)
-  int scale_choice;  // ink-print scale choice (2)
-  double scale;      // ink-print scale factor (2.0)
   int use_rgb;     // lines take the rgbcolor (1) or the gray (0), whichever was set last (0)
 };
 extern InkState ink;
