@@ -5,10 +5,10 @@
 
 #include <benchmark/benchmark.h>
 
+#include "core/process.h"
+#include "core/run_state.h"
 #include "devices/embosser.h"
 #include "raster/dmap.h"
-#include "shell/run_state.h"
-#include "shell/startup.h"
 
 // ESA721 a4, normal run, printer mode into a fresh dot map.
 inline void start_print_job() {

@@ -8,13 +8,13 @@
 
 #include <cmath>
 
+#include "core/process.h"
+#include "core/run_state.h"
 #include "curves/functions.h"
 #include "curves/splines.h"
 #include "devices/embosser.h"
 #include "geometry/page.h"
 #include "raster/dmap.h"
-#include "shell/run_state.h"
-#include "shell/startup.h"
 
 // y = 4 sin x over two turns (degrees), across the window, pitch 1.5 mm.
 static void BM_SinCurve(benchmark::State &state) {

@@ -5,6 +5,8 @@
 
 #include "bench_support.h"
 
+#include "core/process.h"
+#include "core/run_state.h"
 #include "devices/embosser.h"
 #include "draw/arrows.h"
 #include "draw/axes.h"
@@ -12,8 +14,6 @@
 #include "draw/shapes.h"
 #include "geometry/page.h"
 #include "raster/dmap.h"
-#include "shell/run_state.h"
-#include "shell/startup.h"
 
 static void BM_PitchLine(benchmark::State &state) {
   start_print_job();

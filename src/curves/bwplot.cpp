@@ -1,11 +1,11 @@
 // bwplot.cpp - the box-and-whisker plot and its command.
 #include "curves/bwplot.h"
 
+#include "core/run_state.h"
 #include "curves/curve_cmds.h"
 #include "draw/arrows.h"
 #include "draw/lines.h"
 #include "draw/shapes.h"
-#include "shell/run_state.h"
 
 int draw_bwplot(float ox, float y, float min, float q1, float median, float q3, float max, float h,
                 float bar_half, float pitch) {

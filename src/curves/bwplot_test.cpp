@@ -1,8 +1,8 @@
 // bwplot_test.cpp - the box plot as its primitives draw it.
 #include "curves/bwplot.h"
 
+#include "core/run_state.h"
 #include "draw/draw_testing.h"
-#include "shell/run_state.h"
 #include "support/test_env.h"
 
 class BwplotTest : public DrawTest {};

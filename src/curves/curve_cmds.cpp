@@ -3,13 +3,14 @@
 // curves); the handlers narrow them and hand them to the curve modules.
 #include "curves/curve_cmds.h"
 
+#include "core/echo.h"
+#include "core/run_state.h"
 #include "curves/functions.h"
 #include "curves/splines.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
 #include "interp/commands.h"
 #include "interp/readers.h"
-#include "shell/run_state.h"
 
 static const double *const P = run_state.param;
 

@@ -4,8 +4,8 @@
 
 #include <string>
 
+#include "core/run_state.h"
 #include "draw/draw_testing.h"
-#include "shell/run_state.h"
 
 // On the millimetre page world (x, y) is dot (2x + 190, 2y + 277).
 class CurveCmdsTest : public DrawTest {};

@@ -5,12 +5,12 @@
 #include <cmath>
 #include <cstring>
 
+#include "core/diag.h"
+#include "core/run_state.h"
 #include "draw/lines.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
-#include "interp/diag.h"
 #include "raster/plot.h"
-#include "shell/run_state.h"
 
 // ---- Wordings ----------------------------------------------------------
 // Each member family words its refusals in its own way; the texts are the
@@ -151,8 +151,7 @@ int curve_value_count(const CurveMember &m) { return CURVE_COMMON + m.coefficien
 
 // Reports a refusal worded by `format` with up to two values; returns 0.
 static int refuse(const char *format, double a, double b = 0) {
-  compose(format, a, b);  // formats with one value leave the second unread
-  return put_error(run_state.msg);
+  return put_errorf(format, a, b);  // formats with one value leave the second unread
 }
 
 // One range after the checks: relative to the origin, in the order given.

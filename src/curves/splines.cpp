@@ -5,11 +5,11 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "core/diag.h"
+#include "core/run_state.h"
 #include "draw/lines.h"
 #include "geometry/page.h"
-#include "interp/diag.h"
 #include "raster/plot.h"
-#include "shell/run_state.h"
 
 // ---- Tables ----------------------------------------------------------------
 
@@ -63,8 +63,7 @@ int natural_table(CubicTable *t, const double *u, const double *v, int points) {
   for (int i = 0; i < N; i++) {
     h[i] = u[i + 1] - u[i];
     if (h[i] > -0.00001 && h[i] < 0.00001) {
-      compose("zero divide of %d", 0);
-      return put_error(run_state.msg);
+      return put_errorf("zero divide of %d", 0);
     }
   }
   for (int i = 0; i <= N; i++) {
@@ -187,20 +186,16 @@ static int spline_from(SplineWalk &w, const double *given_x, const double *x, co
   if (a.kind == 1)
     for (int i = 1; i < n; i++)
       if (given_x[i] == given_x[i - 1]) {
-        compose("segment of curve is vertical (data %d-%d)", i, i + 1);
-        return put_error(run_state.msg);
+        return put_errorf("segment of curve is vertical (data %d-%d)", i, i + 1);
       }
   if (!(a.pitch > 0)) {
-    compose("illegal pitch (%.2fmm)", a.pitch);
-    return put_error(run_state.msg);
+    return put_errorf("illegal pitch (%.2fmm)", a.pitch);
   }
   if (a.x0 == a.x1) {
-    compose("no range of x (%.3f-%.3f)", a.x0, a.x1);
-    return put_error(run_state.msg);
+    return put_errorf("no range of x (%.3f-%.3f)", a.x0, a.x1);
   }
   if (a.y0 == a.y1) {
-    compose("no range of y (%.2f-%.2f)", a.y0, a.y1);
-    return put_error(run_state.msg);
+    return put_errorf("no range of y (%.2f-%.2f)", a.y0, a.y1);
   }
   const int N = n - 1;
   if (a.kind == 1) {
@@ -208,8 +203,7 @@ static int spline_from(SplineWalk &w, const double *given_x, const double *x, co
     // range too wide to walk is refused rather than walked for minutes.
     double span = fabs(x[N] - x[0]) * 10000 + 1e-6;
     if (!(span <= SPLINE_STEP_LIMIT)) {
-      compose("too many steps of spline (%.0f)", span);
-      return put_error(run_state.msg);
+      return put_errorf("too many steps of spline (%.0f)", span);
     }
     w.u0 = x[0];
     w.sign = x[N] < x[0] ? -1 : 1;
@@ -236,12 +230,10 @@ static int spline_from(SplineWalk &w, const double *given_x, const double *x, co
 int draw_spline(const SplineArgs &a, const double *xs, const double *ys, int n, const PageGeom &g,
                 PointListener taken) {
   if (a.kind < 1 || a.kind > 4) {
-    compose("out of range func = %d (1-4)", a.kind);
-    return put_error(run_state.msg);
+    return put_errorf("out of range func = %d (1-4)", a.kind);
   }
   if (n < 1) {
-    compose("no data (%d)", n);
-    return put_error(run_state.msg);
+    return put_errorf("no data (%d)", n);
   }
   SplineWalk w;
   w.args = &a;

@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "core/run_state.h"
 #include "draw/draw_testing.h"
 #include "geometry/page.h"
 #include "raster/plot.h"
-#include "shell/run_state.h"
 
 class SplinesTest : public DrawTest {
  protected:

@@ -4,10 +4,12 @@
 
 #include <cstdlib>
 
+#include "core/process.h"
 #include "devices/postscript.h"
 #include "geometry/page.h"
 
 BitmapState bmp;
+[[maybe_unused]] static const int reset_listed = add_reset(reset_bitmap);
 
 void reset_bitmap() {
   free(bmp.pixels);

@@ -3,9 +3,9 @@
 
 #include <cstdlib>
 
+#include "core/run_state.h"
 #include "geometry/page.h"
 #include "menus/image_jobs.h"
-#include "shell/run_state.h"
 #include "support/test_env.h"
 
 class BitmapTest : public TactoTest {

@@ -1,10 +1,10 @@
 // device_cmds.cpp - output commands.
 #include "devices/device_cmds.h"
 
+#include "core/diag.h"
+#include "core/run_state.h"
 #include "devices/embosser.h"
 #include "devices/postscript.h"
-#include "interp/diag.h"
-#include "shell/run_state.h"
 
 static const double *const P = run_state.param;
 
@@ -36,8 +36,7 @@ int cmd_on_off(const Command &) {
 int cmd_page(const Command &) {
   int n = trunc_int(P[1]);
   if (n < 1) {
-    compose("illegal page number %d (1-)", n);
-    return put_error(run_state.msg);
+    return put_errorf("illegal page number %d (1-)", n);
   }
   // The next page of the document carries n: a page start already pending
   // writes the counter as it stands, otherwise the next feed counts it up.

@@ -5,15 +5,17 @@
 #include <cstdarg>
 #include <cstring>
 
+#include "core/diag.h"
+#include "core/process.h"
+#include "core/run_state.h"
 #include "devices/bitmap.h"
 #include "devices/postscript.h"
 #include "geometry/page.h"
-#include "interp/diag.h"
 #include "raster/dmap.h"
 #include "raster/plot.h"
-#include "shell/run_state.h"
 
 Embosser embosser;
+[[maybe_unused]] static const int reset_listed = add_reset(reset_embosser);
 
 void reset_embosser() {
   embosser = Embosser();

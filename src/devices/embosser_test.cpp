@@ -4,10 +4,10 @@
 
 #include <string>
 
+#include "core/run_state.h"
 #include "geometry/page.h"
 #include "raster/dmap.h"
 #include "raster/plot.h"
-#include "shell/run_state.h"
 #include "support/test_env.h"
 
 class EmbosserTest : public TactoTest {};

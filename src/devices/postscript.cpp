@@ -5,16 +5,18 @@
 
 #include <cstdarg>
 
+#include "core/diag.h"
+#include "core/process.h"
+#include "core/run_state.h"
 #include "devices/bitmap.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
-#include "interp/diag.h"
 #include "platform/platform.h"
 #include "raster/plot.h"
-#include "shell/run_state.h"
 #include "text/ink.h"
 
 PsState ps;
+[[maybe_unused]] static const int reset_listed = add_reset(reset_postscript);
 
 void reset_postscript() {
   if (ps.file != nullptr) fclose(ps.file);
@@ -64,9 +66,8 @@ int ps_open(const char *name, int ink_print, int menu_job) {
   if (ps.file != nullptr) ps_close();  // one document at a time
   FILE *f = fopen(name, "w");
   if (f == nullptr) {
-    if (menu_job) compose("postscript file (%s) was not open", name);
-    else compose("not open a postscript file (%s)", name);
-    put_error(run_state.msg);
+    if (menu_job) put_errorf("postscript file (%s) was not open", name);
+    else put_errorf("not open a postscript file (%s)", name);
     press_any_key("   press any key ? ");
     return 0;
   }
@@ -217,8 +218,7 @@ void ps_dot(int row, int col, int size) {
 int ps_command(const char *name, int ink_print) {
   if (ps.menu_job || bmp.active) {
     // The image job owns the output; a second document would take its dots.
-    compose("postscript is not available in an image job (%s)", name);
-    return put_error(run_state.msg);
+    return put_errorf("postscript is not available in an image job (%s)", name);
   }
   if (ps.active) ps_close();
   return ps_open(name, ink_print, 0);

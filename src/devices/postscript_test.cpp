@@ -2,10 +2,10 @@
 // the landscape turn, the page mappings and the dot circles.
 #include "devices/postscript.h"
 
+#include "core/run_state.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
 #include "raster/plot.h"
-#include "shell/run_state.h"
 #include "support/test_env.h"
 
 class PostscriptTest : public TactoTest {

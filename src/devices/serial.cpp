@@ -12,9 +12,11 @@
 #include <termios.h>
 #include <unistd.h>
 
-#include "shell/run_state.h"
+#include "core/process.h"
+#include "core/run_state.h"
 
 SerialSettings serial;
+[[maybe_unused]] static const int reset_listed = add_reset(reset_serial);
 
 const int baud_table[8] = {110, 300, 600, 1200, 2400, 4800, 9600, 19200};
 

@@ -3,15 +3,14 @@
 
 #include <cmath>
 
+#include "core/diag.h"
+#include "core/run_state.h"
 #include "draw/lines.h"
 #include "geometry/transform.h"
-#include "interp/diag.h"
 #include "raster/plot.h"
-#include "shell/run_state.h"
 
 static int pitch_refused(float pitch) {
-  compose("out of range: pitch = %.2fmm", pitch);
-  return put_error(run_state.msg);
+  return put_errorf("out of range: pitch = %.2fmm", pitch);
 }
 
 // Shaft, head and tip dot once the checks have passed. The direction of
@@ -42,8 +41,7 @@ int draw_arrow(float x0, float y0, float x1, float y1, float head_angle, float h
                float pitch) {
   if (!(pitch > 0)) return pitch_refused(pitch);
   if (type < HEAD_BOTH || type > HEAD_NONE) {
-    compose("type should be 0-3 (%d)", type);
-    return put_error(run_state.msg);
+    return put_errorf("type should be 0-3 (%d)", type);
   }
   double wx = (double)x1 - x0, wy = (double)y1 - y0;
   double length = sqrt(wx * wx + wy * wy);
@@ -58,8 +56,7 @@ int draw_dart(float x0, float y0, float direction, float length, float head_angl
               int type, float pitch) {
   if (!(pitch > 0)) return pitch_refused(pitch);
   if (type < HEAD_BOTH || type > HEAD_NONE) {
-    compose("headtype should be 0-3 (%d)", type);
-    return put_error(run_state.msg);
+    return put_errorf("headtype should be 0-3 (%d)", type);
   }
   double phi = to_radian(direction);
   float x1 = static_cast<float>(x0 + length * cos(phi));

@@ -4,11 +4,11 @@
 #include <climits>
 #include <cmath>
 
+#include "core/diag.h"
+#include "core/run_state.h"
 #include "draw/lines.h"
 #include "geometry/page.h"
-#include "interp/diag.h"
 #include "raster/plot.h"
-#include "shell/run_state.h"
 #include "text/ink.h"
 
 // An axis in its own terms: positions along it are measured from `origin`;
@@ -45,8 +45,7 @@ static void tick_mark(const Axis &ax, double at, int last) {
 static int ticks_fit(double a, double b, double unit) {
   double ticks = std::fabs((double)b - a) / unit;
   if (ticks <= AXIS_TICK_LIMIT) return 1;
-  compose("too many ticks of axis (%.0f)", ticks);
-  return put_error(run_state.msg);
+  return put_errorf("too many ticks of axis (%.0f)", ticks);
 }
 
 // Walks from A to B (relative to the origin) with ticks at the multiples of unit.
@@ -104,16 +103,13 @@ static void fill_params(double *p, float ox, float oy, float a, float b, float u
 
 int draw_xaxis(float ox, float oy, float a, float b, float unit, int tick, float pitch) {
   if (a == b) {
-    compose("zero length of x-axis (%.2f-%.2f)", a, b);
-    return put_error(run_state.msg);
+    return put_errorf("zero length of x-axis (%.2f-%.2f)", a, b);
   }
   if (!(unit > 0)) {
-    compose("illegal unit (%.2f)", unit);
-    return put_error(run_state.msg);
+    return put_errorf("illegal unit (%.2f)", unit);
   }
   if (!(pitch > 0)) {
-    compose("illegal pitch (%.2fmm)", pitch);
-    return put_error(run_state.msg);
+    return put_errorf("illegal pitch (%.2fmm)", pitch);
   }
   if (!ticks_fit(a, b, unit)) return 0;
   if (ink_active()) {
@@ -130,20 +126,16 @@ int draw_xaxis(float ox, float oy, float a, float b, float unit, int tick, float
 
 int draw_yaxis(float ox, float oy, float a, float b, float unit, int tick, float pitch) {
   if (a == b) {
-    compose("zero length of y-axis (%.2f-%.2f)", a, b);
-    return put_error(run_state.msg);
+    return put_errorf("zero length of y-axis (%.2f-%.2f)", a, b);
   }
   if (!(unit > 0)) {
-    compose("unit should be positive (%.2f)", unit);
-    return put_error(run_state.msg);
+    return put_errorf("unit should be positive (%.2f)", unit);
   }
   if (tick == 0) {
-    compose("illegal pic (%d)", tick);
-    return put_error(run_state.msg);
+    return put_errorf("illegal pic (%d)", tick);
   }
   if (!(pitch > 0)) {
-    compose("illegal: pitch (%.2fmm)", pitch);
-    return put_error(run_state.msg);
+    return put_errorf("illegal: pitch (%.2fmm)", pitch);
   }
   if (!ticks_fit(a, b, unit)) return 0;
   if (ink_active()) {

@@ -1,8 +1,8 @@
 // axes_test.cpp - tick placement at both ends, sides, and refusals.
 #include "draw/axes.h"
 
+#include "core/run_state.h"
 #include "draw/draw_testing.h"
-#include "shell/run_state.h"
 #include "support/test_env.h"
 
 // A pitch of 1.5 mm on a unit of 1 mm: every unit-long stretch of axis gets

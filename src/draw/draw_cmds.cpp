@@ -3,13 +3,13 @@
 // the single precision the figures work in, and draws.
 #include "draw/draw_cmds.h"
 
+#include "core/run_state.h"
 #include "draw/arrows.h"
 #include "draw/axes.h"
 #include "draw/lines.h"
 #include "draw/shapes.h"
 #include "interp/commands.h"
 #include "raster/dmap.h"
-#include "shell/run_state.h"
 
 // Parameter i as a single-precision value / as an integer.
 static float fp(int i) { return static_cast<float>(run_state.param[i]); }

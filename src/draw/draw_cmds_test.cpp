@@ -3,10 +3,10 @@
 // nothing drawn), and the parameters reaching the figures.
 #include "draw/draw_cmds.h"
 
+#include "core/run_state.h"
 #include "devices/embosser.h"
 #include "draw/draw_testing.h"
 #include "raster/dmap.h"
-#include "shell/run_state.h"
 #include "support/test_env.h"
 
 class DrawCmdsTest : public TactoTest {

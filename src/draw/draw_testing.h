@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "core/run_state.h"
 #include "geometry/page.h"
-#include "shell/run_state.h"
 #include "support/test_env.h"
 
 // One traced dot: grid dots in debug mode, world values in test mode.
@@ -64,7 +64,6 @@ inline std::vector<TracedDot> plain(std::initializer_list<std::pair<int, int>> c
   for (const auto &c : cells) dots.push_back(TracedDot{double(c.first), double(c.second), 0});
   return dots;
 }
-
 
 // A drawing test: the millimetre page in debug mode, its dots read back.
 class DrawTest : public TactoTest {

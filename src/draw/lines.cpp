@@ -3,11 +3,11 @@
 
 #include <cmath>
 
+#include "core/diag.h"
+#include "core/run_state.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
-#include "interp/diag.h"
 #include "raster/plot.h"
-#include "shell/run_state.h"
 #include "text/ink.h"
 
 // A walk never goes this many sub-steps past its end; only coordinates that
@@ -31,8 +31,7 @@ static void plot_at(double x, double y) {
 
 int pitch_line(float x0, float y0, float x1, float y1, float pitch) {
   if (!(pitch > 0)) {
-    compose("illegal pitch %.2f", pitch);
-    return put_error(run_state.msg);
+    return put_errorf("illegal pitch %.2f", pitch);
   }
   if (ink_active()) {
     ink_line(x0, y0, x1, y1);
@@ -74,8 +73,7 @@ int pitch_line(float x0, float y0, float x1, float y1, float pitch) {
 
 int hatch_line(float x0, float y0, float x1, float y1, float unit) {
   if (!(unit > 0)) {
-    compose("illegal unit: %.2f > 0", unit);
-    return put_error(run_state.msg);
+    return put_errorf("illegal unit: %.2f > 0", unit);
   }
   double wx = (double)x1 - x0, wy = (double)y1 - y0;
   double length = sqrt(wx * wx + wy * wy);
@@ -87,13 +85,11 @@ int hatch_line(float x0, float y0, float x1, float y1, float unit) {
   // A unit so small that both steps vanish (or a segment of no finite
   // length) would never reach the end: refused like a unit of zero.
   if (!(fabs(step_x) > 0 || fabs(step_y) > 0)) {
-    compose("illegal unit: %.2f > 0", unit);
-    return put_error(run_state.msg);
+    return put_errorf("illegal unit: %.2f > 0", unit);
   }
   // A row longer than any sheet could hold is refused rather than walked.
   if (length / unit > HATCH_LIMIT) {
-    compose("too many dots in a hatch row (%.0f)", length / unit);
-    return put_error(run_state.msg);
+    return put_errorf("too many dots in a hatch row (%.0f)", length / unit);
   }
   double cx = x0, cy = y0;
   for (;;) {

@@ -4,10 +4,10 @@
 #include <cmath>
 #include <cstring>
 
+#include "core/run_state.h"
 #include "draw/draw_testing.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
-#include "shell/run_state.h"
 #include "support/test_env.h"
 
 class LinesTest : public DrawTest {};

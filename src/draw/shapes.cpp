@@ -4,12 +4,12 @@
 
 #include <cmath>
 
+#include "core/diag.h"
+#include "core/run_state.h"
 #include "draw/lines.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
-#include "interp/diag.h"
 #include "raster/plot.h"
-#include "shell/run_state.h"
 
 #define TACTO_TWO_PI 6.283184  // twice the program's pi
 
@@ -42,8 +42,7 @@ int draw_diamond(float cx, float cy, float a, float b, float pitch) {
 
 int draw_box(float cx, float cy, float a, float b, float pitch) {
   if (!(pitch > 0)) {
-    compose("illegal: pitch (%.2fmm)", pitch);
-    return put_error(run_state.msg);
+    return put_errorf("illegal: pitch (%.2fmm)", pitch);
   }
   const float xs[5] = {cx - a, cx - a, cx + a, cx + a, cx - a};
   const float ys[5] = {cy + b, cy - b, cy - b, cy + b, cy + b};
@@ -52,8 +51,7 @@ int draw_box(float cx, float cy, float a, float b, float pitch) {
 
 int draw_parallelogram(float cx, float cy, float a, float b, float angle, float pitch) {
   if (!(pitch > 0)) {
-    compose("illegal: pitch (%.2fmm)", pitch);
-    return put_error(run_state.msg);
+    return put_errorf("illegal: pitch (%.2fmm)", pitch);
   }
   double s = b / tan(to_radian(angle));  // the top edge moves right by s, the bottom left
   const float xs[5] = {static_cast<float>(cx - a + s), static_cast<float>(cx - a - s),
@@ -65,20 +63,16 @@ int draw_parallelogram(float cx, float cy, float a, float b, float angle, float 
 
 int draw_polygon(int n, float cx, float cy, float r, float pitch) {
   if (n < 3) {
-    compose("few angles of polygone (%d)", n);
-    return put_error(run_state.msg);
+    return put_errorf("few angles of polygone (%d)", n);
   }
   if (!(pitch > 0)) {
-    compose("illegal: pitch (%.2f mm)", pitch);
-    return put_error(run_state.msg);
+    return put_errorf("illegal: pitch (%.2f mm)", pitch);
   }
   if (!(r > 0)) {
-    compose("illegal value of r (%.2f)", r);
-    return put_error(run_state.msg);
+    return put_errorf("illegal value of r (%.2f)", r);
   }
   if (n > POLYGON_LIMIT) {
-    compose("too many angles of polygon (%d)", n);
-    return put_error(run_state.msg);
+    return put_errorf("too many angles of polygon (%d)", n);
   }
   float px = 0, py = 0;
   for (int k = 0; k <= n; k++) {
@@ -143,12 +137,10 @@ static int walkable(double t0, double t1, double step) {
 int draw_ellipse(float cx, float cy, float rx, float ry, float a0, float a1, float pitch) {
   double t0 = to_radian(a0), t1 = to_radian(a1);
   if (pitch == 0) {
-    compose("illegal pitch: %.2fmm", pitch);
-    return put_error(run_state.msg);
+    return put_errorf("illegal pitch: %.2fmm", pitch);
   }
   if (!walkable(t0, t1, ARC_STEP)) {
-    compose("illegal angle: %.2f %.2f", a0, a1);
-    return put_error(run_state.msg);
+    return put_errorf("illegal angle: %.2f %.2f", a0, a1);
   }
   walk_arc(ArcWalk{cx, cy, rx, ry, t0, t1, ARC_STEP, pitch, 0});
   return 1;
@@ -177,8 +169,7 @@ int draw_oval(float x0, float y0, float x1, float y1, float x2, float y2, float 
   if (d1 == d2) return put_error("same x coordinates: x1 = x2");
   double b = sqrt((e1 * d2 - e2 * d1) / (d2 - d1));
   if (pitch == 0) {
-    compose("illegal pitch: %.2f mm", pitch);
-    return put_error(run_state.msg);
+    return put_errorf("illegal pitch: %.2f mm", pitch);
   }
   // Both directions come from asin, so the arc spans less than a turn.
   walk_arc(ArcWalk{x0, y0, a, b, t1, t2, OVAL_STEP, pitch, 1});

@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/run_state.h"
 #include "draw/draw_testing.h"
 #include "raster/plot.h"
-#include "shell/run_state.h"
 #include "support/test_env.h"
 
 class ShapesTest : public DrawTest {};

@@ -3,13 +3,14 @@
 
 #include <cstring>
 
+#include "core/diag.h"
+#include "core/echo.h"
+#include "core/run_state.h"
 #include "devices/embosser.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
 #include "geometry/winstack.h"
 #include "interp/commands.h"
-#include "interp/diag.h"
-#include "shell/run_state.h"
 #include "text/brltable.h"
 
 static const double *const P = run_state.param;
@@ -91,8 +92,7 @@ int cmd_document(const Command &) {
   end_job();
   FILE *f = fopen(run_state.fname0, "r");
   if (f == nullptr) {
-    compose("document %s can not open", run_state.fname0);
-    return put_error(run_state.msg);
+    return put_errorf("document %s can not open", run_state.fname0);
   }
   // Lines of at most 71 characters, each character as the embosser's table has it.
   char line[72];

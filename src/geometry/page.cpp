@@ -3,13 +3,15 @@
 
 #include <cmath>
 
+#include "core/diag.h"
+#include "core/process.h"
+#include "core/run_state.h"
 #include "devices/postscript.h"
 #include "geometry/transform.h"
-#include "interp/diag.h"
 #include "raster/dmap.h"
-#include "shell/run_state.h"
 
 PageGeom page_geom;
+[[maybe_unused]] static const int reset_listed = add_reset(reset_page_geom);
 
 const PrinterRow printer_table[3] = {
     {"ESA721", 0.345576, 0.317215, {7, 6, 18, 33}, {6, 7, 15, 33}},
@@ -64,13 +66,11 @@ void reset_page_geom() {
 
 int select_paper(int printer, int paper) {
   if (printer < 0 || printer > 2) {
-    compose("illegal printer %d (0-2)", printer);
-    return put_error(run_state.msg);
+    return put_errorf("illegal printer %d (0-2)", printer);
   }
   static const int first[3] = {0, 2, 4}, last[3] = {1, 3, 9};
   if (paper < first[printer] || paper > last[printer]) {
-    compose("illegal paper_size %d (0-9)\n", paper);
-    return put_error(run_state.msg);
+    return put_errorf("illegal paper_size %d (0-9)\n", paper);
   }
   set_portrait();
   load_paper(page_geom, paper);
@@ -128,32 +128,26 @@ static int proper_range(float a, float b) { return std::isfinite(a) && std::isfi
 int set_frame(int x0, int x1, int y0, int y1, double wx0, double wx1, double wy0, double wy1) {
   const IntRect &p = page_geom.p;
   if (x0 < p.x0 || x0 > p.x1) {
-    compose("frame out of grid: x0 = %d (%d-%d)", x0, p.x0, p.x1);
-    return put_error(run_state.msg);
+    return put_errorf("frame out of grid: x0 = %d (%d-%d)", x0, p.x0, p.x1);
   }
   if (y0 < p.y0 || y0 > p.y1) {
-    compose("frame out of grid: y0 = %d (%d-%d)", y0, p.y0, p.y1);
-    return put_error(run_state.msg);
+    return put_errorf("frame out of grid: y0 = %d (%d-%d)", y0, p.y0, p.y1);
   }
   if (x1 < x0 || x1 > p.x1) {
-    compose("frame out of range: x1 = %d (%d-%d)", x1, x0, p.x1);
-    return put_error(run_state.msg);
+    return put_errorf("frame out of range: x1 = %d (%d-%d)", x1, x0, p.x1);
   }
   if (y1 < y0 || y1 > p.y1) {
-    compose("frame out of range: y1 = %d (%d-%d)", y1, y0, p.y1);
-    return put_error(run_state.msg);
+    return put_errorf("frame out of range: y1 = %d (%d-%d)", y1, y0, p.y1);
   }
   // The window is kept in single precision: it must still be a proper range
   // once narrowed (values that meet or overflow there are refused too).
   FloatRect w{static_cast<float>(wx0), static_cast<float>(wx1), static_cast<float>(wy0),
               static_cast<float>(wy1)};
   if (!proper_range(w.x0, w.x1)) {
-    compose("frame illegal x range of window (%.2f-%.2f)", wx0, wx1);
-    return put_error(run_state.msg);
+    return put_errorf("frame illegal x range of window (%.2f-%.2f)", wx0, wx1);
   }
   if (!proper_range(w.y0, w.y1)) {
-    compose("frame illegal y range of window (%.2f-%.2f)", wy0, wy1);
-    return put_error(run_state.msg);
+    return put_errorf("frame illegal y range of window (%.2f-%.2f)", wy0, wy1);
   }
   page_geom.f = IntRect{x0, x1, y0, y1};
   page_geom.w = w;
@@ -167,12 +161,10 @@ int set_window(double wx0, double wx1, double wy0, double wy1) {
 
 int check_bias(double bias_x, double bias_y) {
   if (!(bias_x > 0)) {
-    compose("negative or zero bias x = %.2f", bias_x);
-    return put_error(run_state.msg);
+    return put_errorf("negative or zero bias x = %.2f", bias_x);
   }
   if (!(bias_y > 0)) {
-    compose("negative or zero bias y = %.2f", bias_y);
-    return put_error(run_state.msg);
+    return put_errorf("negative or zero bias y = %.2f", bias_y);
   }
   return 1;
 }

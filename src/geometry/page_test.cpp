@@ -4,9 +4,9 @@
 
 #include <string>
 
+#include "core/run_state.h"
 #include "geometry/transform.h"
 #include "raster/dmap.h"
-#include "shell/run_state.h"
 #include "support/test_env.h"
 
 class PageTest : public TactoTest {};

@@ -4,13 +4,15 @@
 #include <climits>
 #include <cmath>
 
+#include "core/diag.h"
+#include "core/process.h"
+#include "core/run_state.h"
 #include "devices/embosser.h"
 #include "geometry/page.h"
-#include "interp/diag.h"
 #include "raster/dmap.h"
-#include "shell/run_state.h"
 
 Transform xform;
+[[maybe_unused]] static const int reset_listed = add_reset(reset_transform);
 
 void reset_transform() {
   xform = Transform();
@@ -41,8 +43,7 @@ int set_rotate(int flag, double cx, double cy, double angle) {
       xform.rotate_cx = xform.rotate_cy = xform.rotate_angle = 0;
       break;
     default:
-      compose("illegal flag: %d (0-3)", flag);
-      put_error(run_state.msg);
+      put_errorf("illegal flag: %d (0-3)", flag);
   }
   return 0;
 }
@@ -75,8 +76,7 @@ int rotate_point(double *x, double *y) {
 
 int set_mirror(int flag, double shift_mm) {
   if (flag < 0 || flag > 1) {
-    compose("illegal flag %d (0-1)", flag);
-    return put_error(run_state.msg);
+    return put_errorf("illegal flag %d (0-1)", flag);
   }
   int switching = flag != xform.mirror_on;
   int printer = page_geom.printer;

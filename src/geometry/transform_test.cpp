@@ -6,9 +6,9 @@
 #include <cmath>
 #include <string>
 
+#include "core/run_state.h"
 #include "devices/embosser.h"
 #include "geometry/page.h"
-#include "shell/run_state.h"
 #include "support/test_env.h"
 
 class TransformTest : public TactoTest {};

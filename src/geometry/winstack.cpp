@@ -3,14 +3,16 @@
 
 #include <string>
 
+#include "core/diag.h"
+#include "core/echo.h"
+#include "core/process.h"
+#include "core/run_state.h"
 #include "geometry/transform.h"
-#include "interp/commands.h"
-#include "interp/diag.h"
 #include "interp/reader.h"
 #include "platform/platform.h"
-#include "shell/run_state.h"
 
 WinStack stackwin;
+[[maybe_unused]] static const int reset_listed = add_reset(reset_winstack);
 
 void reset_winstack() {
   stackwin = WinStack();
@@ -43,8 +45,7 @@ void winstack_set_top(FILE *stream, const char *name) {
 
 int push_win(FILE *stream) {
   if (stackwin.depth < STACK_BASE || stackwin.depth >= STACK_LIMIT) {
-    compose("push_win overflow deep = %d", stackwin.depth);
-    return put_error(run_state.msg);
+    return put_errorf("push_win overflow deep = %d", stackwin.depth);
   }
   stackwin.depth++;
   save_into(stackwin.rec[stackwin.depth], stream);
@@ -55,8 +56,7 @@ int pop_win() {
   // The record pushed last sits at the limit itself, so popping is allowed
   // there too: twenty-three nested programs all restore their callers.
   if (stackwin.depth < STACK_BASE || stackwin.depth > STACK_LIMIT) {
-    compose("pop_win underflow deep = %d", stackwin.depth);
-    return put_error(run_state.msg);
+    return put_errorf("pop_win underflow deep = %d", stackwin.depth);
   }
   const WinRecord &r = stackwin.rec[stackwin.depth];
   stackwin.stream = r.program_stream;
@@ -90,8 +90,7 @@ static int run_nested(const char *file, double ox, double oy, double bias_x, dou
   std::string path = resolve(file);
   if (!check_bias(bias_x, bias_y)) return 0;
   if (!push_win(stackwin.stream)) {
-    compose("stack can not be pushed. deep = %d", stackwin.depth);
-    return put_error(run_state.msg);
+    return put_errorf("stack can not be pushed. deep = %d", stackwin.depth);
   }
   const FloatRect w = page_geom.w;
   const IntRect f = page_geom.f;
@@ -105,8 +104,7 @@ static int run_nested(const char *file, double ox, double oy, double bias_x, dou
     echo("%d %d %d %d %.3f %.3f %.3f %.3f\n", f.x0, f.x1, f.y0, f.y1, nw.x0, nw.x1, nw.y0, nw.y1);
   FILE *in = fopen(path.c_str(), "r");
   if (in == nullptr) {
-    compose(rotated ? "paste file %s can not open." : "paste %s can not open.", path.c_str());
-    put_error(run_state.msg);
+    put_errorf(rotated ? "paste file %s can not open." : "paste %s can not open.", path.c_str());
     pop_win();
     return 0;
   }

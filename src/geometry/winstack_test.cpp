@@ -5,8 +5,8 @@
 #include <string>
 #include <sys/stat.h>
 
+#include "core/run_state.h"
 #include "geometry/transform.h"
-#include "shell/run_state.h"
 #include "support/test_env.h"
 
 class WinStackTest : public TactoTest {};

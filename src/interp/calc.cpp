@@ -9,12 +9,14 @@
 #include <cstring>
 #include <strings.h>
 
+#include "core/diag.h"
+#include "core/process.h"
+#include "core/run_state.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
-#include "interp/diag.h"
-#include "shell/run_state.h"
 
 CalcState calc;
+[[maybe_unused]] static const int reset_listed = add_reset(reset_calc);
 
 void reset_calc() { calc = CalcState(); }
 
@@ -75,15 +77,13 @@ static void next_token(Lexer &lx) {
 
 // Reports a failure and marks the evaluation as failed.
 static double fail(const char *format, const char *arg) {
-  compose(format, arg);
-  put_error(run_state.msg);
+  put_errorf(format, arg);
   calc.error = 1;
   return 0.0;
 }
 
 static double fail_char(char c) {
-  compose("lexicon %c", c);
-  put_error(run_state.msg);
+  put_errorf("lexicon %c", c);
   calc.error = 1;
   return 0.0;
 }
@@ -103,8 +103,7 @@ static void store_variable(const char *name, double value) {
       return;
     }
     if (calc.count >= CALC_VARIABLES) {
-      compose("variable table overflow");
-      put_error(run_state.msg);
+      put_errorf("variable table overflow");
       calc.error = 1;
       return;
     }

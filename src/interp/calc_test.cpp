@@ -3,9 +3,9 @@
 
 #include <cmath>
 
+#include "core/run_state.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
-#include "shell/run_state.h"
 #include "support/test_env.h"
 
 class CalcTest : public TactoTest {};

@@ -10,17 +10,18 @@
 #include <string>
 #include <strings.h>
 
+#include "core/diag.h"
+#include "core/echo.h"
+#include "core/run_state.h"
 #include "curves/curve_cmds.h"
 #include "devices/device_cmds.h"
 #include "draw/draw_cmds.h"
 #include "geometry/geom_cmds.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
-#include "interp/diag.h"
 #include "interp/readers.h"
 #include "interp/run_cmds.h"
 #include "raster/raster_cmds.h"
-#include "shell/run_state.h"
 #include "text/ink.h"
 #include "text/text_cmds.h"
 
@@ -258,19 +259,6 @@ const Command *match_command(const char *word) {
     if (strncasecmp(word, cmd.word, cmd.sig) == 0) return &cmd;
   }
   return nullptr;
-}
-
-int echoing() {
-  int m = run_state.run_mode;
-  return m == MODE_DEBUG || m == MODE_TEST || m == MODE_CONVERT;
-}
-
-void echo(const char *format, ...) {
-  va_list ap;
-  va_start(ap, format);
-  vfprintf(run_state.echo_out, format, ap);
-  va_end(ap);
-  fflush(run_state.echo_out);
 }
 
 // A parameter as the run mode shows it: dots in debug mode, unrounded grid

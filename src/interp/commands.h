@@ -54,10 +54,4 @@ int dispatch(FILE *stream);
 // Writes a row's echo for the current run mode (nothing in normal mode).
 void echo_command(const Command &cmd);
 
-// Writes an echo line to echo_out (printf format).
-void echo(const char *format, ...) __attribute__((format(printf, 1, 2)));
-
-// 1 in the run modes that echo (debug, test, conversion).
-int echoing();
-
 #endif

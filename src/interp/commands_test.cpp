@@ -7,7 +7,7 @@
 #include <set>
 #include <string>
 
-#include "shell/run_state.h"
+#include "core/run_state.h"
 #include "support/test_env.h"
 
 class CommandsTest : public TactoTest {};

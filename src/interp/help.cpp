@@ -4,13 +4,15 @@
 #include <cstring>
 #include <strings.h>
 
-#include "interp/diag.h"
+#include "core/diag.h"
+#include "core/process.h"
+#include "core/run_state.h"
 #include "interp/reader.h"
 #include "platform/platform.h"
-#include "shell/run_state.h"
 #include "shell/settings_file.h"
 
 HelpState help_state;
+[[maybe_unused]] static const int reset_listed = add_reset(reset_help);
 
 void reset_help() { help_state = HelpState(); }
 

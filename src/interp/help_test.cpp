@@ -3,8 +3,8 @@
 
 #include <string>
 
+#include "core/run_state.h"
 #include "platform/platform.h"
-#include "shell/run_state.h"
 #include "shell/settings_file.h"
 #include "support/test_env.h"
 

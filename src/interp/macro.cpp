@@ -7,12 +7,14 @@
 #include <string>
 #include <strings.h>
 
+#include "core/diag.h"
+#include "core/process.h"
+#include "core/run_state.h"
 #include "interp/calc.h"
-#include "interp/diag.h"
 #include "interp/reader.h"
-#include "shell/run_state.h"
 
 MacroTable vtab;
+[[maybe_unused]] static const int reset_listed = add_reset(reset_macros);
 
 void reset_macros() { vtab.count = 0; }
 
@@ -35,22 +37,18 @@ int define_macro(const char *text) {
   std::string word = first_word(text, &rest);
   if (word.empty()) return put_error("define no entry word");
   if (word.size() >= MACRO_WORD_SIZE) {
-    compose("define too long entry word (%s)", word.c_str());
-    return put_error(run_state.msg);
+    return put_errorf("define too long entry word (%s)", word.c_str());
   }
   if (!isalpha(static_cast<unsigned char>(word[0]))) {
-    compose("define non-alphabetical entry word (%s)", word.c_str());
-    return put_error(run_state.msg);
+    return put_errorf("define non-alphabetical entry word (%s)", word.c_str());
   }
   rest += strspn(rest, " ");
   std::string repl(rest, strcspn(rest, "\n"));
   if (repl.empty()) {
-    compose("define empty string (%s)", word.c_str());
-    return put_error(run_state.msg);
+    return put_errorf("define empty string (%s)", word.c_str());
   }
   if (repl.size() > MACRO_TEXT_MAX) {
-    compose("define replaced string is too long (%s)", repl.c_str());
-    return put_error(run_state.msg);
+    return put_errorf("define replaced string is too long (%s)", repl.c_str());
   }
   for (int i = 1; i <= vtab.count; i++) {
     MacroEntry &e = vtab.entry[i];
@@ -62,8 +60,7 @@ int define_macro(const char *text) {
   }
   // A new word needs a free record; a redefinition never does.
   if (vtab.count >= MACRO_ENTRIES) {
-    compose("define variable table is full (rec. %d < %d)", vtab.count, MACRO_ENTRIES);
-    return put_error(run_state.msg);
+    return put_errorf("define variable table is full (rec. %d < %d)", vtab.count, MACRO_ENTRIES);
   }
   MacroEntry &e = vtab.entry[++vtab.count];
   e.number = vtab.count;
@@ -78,8 +75,7 @@ int undefine_macro(const char *text) {
   std::string word = first_word(text, nullptr);
   if (word.empty()) return put_error("undefine no entry word");
   if (!isalpha(static_cast<unsigned char>(word[0]))) {
-    compose("undefine non-alphabetical entry word (%s)", word.c_str());
-    return put_error(run_state.msg);
+    return put_errorf("undefine non-alphabetical entry word (%s)", word.c_str());
   }
   int k = 0;
   for (int i = 1; i <= vtab.count; i++) {

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "shell/run_state.h"
+#include "core/run_state.h"
 #include "support/test_env.h"
 
 class MacroTest : public TactoTest {

@@ -6,15 +6,16 @@
 #include <cstring>
 #include <strings.h>
 
+#include "core/diag.h"
+#include "core/echo.h"
+#include "core/run_state.h"
 #include "devices/embosser.h"
 #include "devices/postscript.h"
 #include "interp/calc.h"
 #include "interp/commands.h"
-#include "interp/diag.h"
 #include "interp/macro.h"
 #include "platform/platform.h"
 #include "raster/plot.h"
-#include "shell/run_state.h"
 
 int line_prefix() {
   RunState &r = run_state;

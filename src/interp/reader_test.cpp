@@ -4,15 +4,13 @@
 
 #include <string>
 
+#include "core/run_state.h"
 #include "interp/calc.h"
 #include "interp/macro.h"
 #include "platform/platform.h"
-#include "shell/run_state.h"
 #include "support/test_env.h"
 
 class ReaderTest : public TactoTest {};
-
-
 
 TEST_F(ReaderTest, LongLinesContinueAsTheNextLine) {
   std::string line150(150, 'a');

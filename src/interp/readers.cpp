@@ -5,10 +5,10 @@
 #include <cstring>
 #include <string>
 
-#include "interp/diag.h"
+#include "core/diag.h"
+#include "core/run_state.h"
 #include "interp/macro.h"
 #include "interp/reader.h"
-#include "shell/run_state.h"
 
 // Substitutes and evaluates `text` into ptr, then reads n numbers into
 // param[1..n]. `who` names the reader in its message.
@@ -21,8 +21,7 @@ static int read_numbers(const char *text, int n, const char *who) {
     char *end = nullptr;
     double v = strtod(p, &end);
     if (end == p) {
-      compose("%s illegal param %d in %d", who, i, n);
-      return put_error(r.msg);
+      return put_errorf("%s illegal param %d in %d", who, i, n);
     }
     r.param[i] = v;
     p = end;
@@ -47,8 +46,7 @@ int readp2(const char *text, int n, FILE *stream) {
       char *end = nullptr;
       double v = strtod(p, &end);
       if (end == p) {
-        compose("readp2 illegal data %.2lf (%d, %d)", r.param[at - 1], k, pos);
-        return put_error(r.msg);
+        return put_errorf("readp2 illegal data %.2lf (%d, %d)", r.param[at - 1], k, pos);
       }
       r.param[at] = v;
       p = end;

@@ -1,8 +1,8 @@
 // readers_test.cpp - numbers, data lists, texts and file names.
 #include "interp/readers.h"
 
+#include "core/run_state.h"
 #include "interp/macro.h"
-#include "shell/run_state.h"
 #include "support/test_env.h"
 
 class ReadersTest : public TactoTest {

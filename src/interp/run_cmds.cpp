@@ -1,15 +1,16 @@
 // run_cmds.cpp - commands that act on the run state itself.
 #include "interp/run_cmds.h"
 
+#include "core/diag.h"
+#include "core/echo.h"
+#include "core/run_state.h"
 #include "devices/embosser.h"
 #include "geometry/winstack.h"
 #include "interp/calc.h"
 #include "interp/commands.h"
-#include "interp/diag.h"
 #include "interp/help.h"
 #include "interp/macro.h"
 #include "platform/platform.h"
-#include "shell/run_state.h"
 
 int cmd_log(const Command &) {
   if (run_state.run_mode != MODE_NORMAL) return 1;  // a trace run only echoes

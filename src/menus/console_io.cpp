@@ -7,10 +7,12 @@
 #include <cstring>
 #include <string>
 
+#include "core/process.h"
+#include "core/run_state.h"
 #include "platform/platform.h"
-#include "shell/run_state.h"
 
 ConsoleIo console_io;
+[[maybe_unused]] static const int reset_listed = add_reset(reset_console_io);
 
 void reset_console_io() { console_io = ConsoleIo(); }
 

@@ -4,17 +4,19 @@
 
 #include <cstdio>
 
+#include "core/diag.h"
+#include "core/process.h"
+#include "core/run_state.h"
 #include "devices/bitmap.h"
 #include "devices/embosser.h"
 #include "devices/postscript.h"
 #include "geometry/winstack.h"
-#include "interp/diag.h"
 #include "interp/reader.h"
 #include "menus/console_io.h"
 #include "raster/dmap.h"
-#include "shell/run_state.h"
 
 ImageJobs image_jobs;
+[[maybe_unused]] static const int reset_listed = add_reset(reset_image_jobs);
 
 void reset_image_jobs() { image_jobs = ImageJobs(); }
 
@@ -24,8 +26,7 @@ static const char kBack[] = "(Keyin Period and Enter if return to Tacto menu.)";
 static FILE *open_program(const char *program) {
   FILE *in = fopen(program, "r");
   if (in == nullptr) {
-    compose("Tacto [%s] was not open", program);
-    put_error(run_state.msg);
+    put_errorf("Tacto [%s] was not open", program);
     press_any_key("\n   press any key ? ");
   }
   return in;
@@ -81,8 +82,7 @@ int make_postscript(const char *program, const char *output, int ink_print, int 
 
 // "Could not create Bitmap [%s]" and the key it waits for.
 static int cannot_create(const char *output) {
-  compose("Could not create Bitmap [%s]", output);
-  put_error(run_state.msg);
+  put_errorf("Could not create Bitmap [%s]", output);
   press_any_key("  press any key ? ");
   return 0;
 }

@@ -5,11 +5,11 @@
 #include <fstream>
 #include <vector>
 
+#include "core/run_state.h"
 #include "devices/bitmap.h"
 #include "devices/postscript.h"
 #include "menus/console_io.h"
 #include "platform/platform.h"
-#include "shell/run_state.h"
 #include "support/test_env.h"
 
 class ImageJobsTest : public TactoTest {

@@ -4,16 +4,16 @@
 #include <cstdio>
 #include <cstring>
 
+#include "core/diag.h"
+#include "core/run_state.h"
 #include "geometry/page.h"
 #include "geometry/winstack.h"
-#include "interp/diag.h"
 #include "interp/help.h"
 #include "interp/reader.h"
 #include "menus/image_jobs.h"
 #include "menus/print_screen.h"
 #include "menus/setup_menu.h"
 #include "platform/platform.h"
-#include "shell/run_state.h"
 #include "shell/startup.h"
 
 static const char kMenuKeys[] = "1s2c3t4d5l6p7i8e9h0q";

@@ -4,20 +4,22 @@
 #include <cstdio>
 #include <string>
 
+#include "core/diag.h"
+#include "core/process.h"
+#include "core/run_state.h"
 #include "devices/embosser.h"
 #include "devices/postscript.h"
 #include "devices/serial.h"
 #include "geometry/page.h"
 #include "geometry/winstack.h"
-#include "interp/diag.h"
 #include "interp/reader.h"
 #include "menus/console_io.h"
 #include "platform/platform.h"
 #include "raster/dmap.h"
 #include "raster/plot.h"
-#include "shell/run_state.h"
 
 PrintScreen print_screen_state;
+[[maybe_unused]] static const int reset_listed = add_reset(reset_print_screen);
 
 void reset_print_screen() { print_screen_state = PrintScreen(); }
 
@@ -25,8 +27,7 @@ static const char kBack[] = "(Keyin Period and Enter if return to Tacto menu.)";
 
 // Reports a file that cannot be opened and waits for a key; returns 0.
 static int not_open(const char *format, const char *name, const char *prompt) {
-  compose(format, name);
-  put_error(run_state.msg);
+  put_errorf(format, name);
   press_any_key(prompt);
   return 0;
 }

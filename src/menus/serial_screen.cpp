@@ -9,11 +9,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "core/diag.h"
+#include "core/run_state.h"
 #include "devices/serial.h"
-#include "interp/diag.h"
 #include "menus/console_io.h"
 #include "platform/platform.h"
-#include "shell/run_state.h"
 
 static const char *const kParity[3] = {"None", "Odd", "Even"};
 static const char *const kStop[3] = {"1.0", "1.5", "2.0"};

@@ -8,12 +8,12 @@
 #include <sys/stat.h>
 #include <vector>
 
+#include "core/diag.h"
+#include "core/run_state.h"
 #include "geometry/page.h"
-#include "interp/diag.h"
 #include "menus/console_io.h"
 #include "menus/serial_screen.h"
 #include "platform/platform.h"
-#include "shell/run_state.h"
 
 // Asks a number within lo..hi, showing the current value; 0 on going back or
 // on Enter (nothing to change), 1 with *value set.

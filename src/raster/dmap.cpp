@@ -4,14 +4,15 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "core/diag.h"
+#include "core/process.h"
+#include "core/run_state.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
-#include "interp/diag.h"
 #include "raster/plot.h"
-#include "shell/run_state.h"
-#include "shell/startup.h"
 
 DotMap dmap;
+[[maybe_unused]] static const int reset_listed = add_reset(reset_dmap);
 
 void reset_dmap() {
   if (dmap.rows != nullptr) free_dmap();
@@ -30,16 +31,14 @@ int alloc_dmap() {
   dmap.col_max = g.x1;
   dmap.rows = static_cast<uint8_t **>(calloc(dmap.row_max + 1, sizeof(uint8_t *)));
   if (dmap.rows == nullptr) {
-    compose("did not get dmap[%d] in heap", 0);
-    put_error(run_state.msg);
-    end_program(1);
+    put_errorf("did not get dmap[%d] in heap", 0);
+    fatal_exit(1);
   }
   for (int r = 0; r <= dmap.row_max; r++) {
     dmap.rows[r] = static_cast<uint8_t *>(malloc(row_bytes()));
     if (dmap.rows[r] == nullptr) {
-      compose("did not get dmap[%d] in heap", r);
-      put_error(run_state.msg);
-      end_program(1);
+      put_errorf("did not get dmap[%d] in heap", r);
+      fatal_exit(1);
     }
   }
   dmap.in_use = 1;
@@ -83,12 +82,10 @@ static void store(int row, int col, int size) {
 
 int set_dot(int row, int col, int size) {
   if (!inside(row, col)) {
-    compose("overflow set_dot (%d, %d)", row, col);
-    return put_error(run_state.msg);
+    return put_errorf("overflow set_dot (%d, %d)", row, col);
   }
   if (size < 0 || size > 6) {
-    compose("illegal size %d set_dot(0-6)", size);
-    return put_error(run_state.msg);
+    return put_errorf("illegal size %d set_dot(0-6)", size);
   }
   if (run_state.run_mode == MODE_CONVERT && size != 3) {
     if (row < dmap.row_lo) dmap.row_lo = row;
@@ -100,13 +97,11 @@ int set_dot(int row, int col, int size) {
 
 int get_dot(int row, int col) {
   if (dmap.rows == nullptr || row < dmap.row_min || row > dmap.row_max) {
-    compose("overflow x get_dot(%d, %d)", row, col);
-    put_error(run_state.msg);
+    put_errorf("overflow x get_dot(%d, %d)", row, col);
     return 3;
   }
   if (col < dmap.col_min || col > dmap.col_max) {
-    compose("overflow y get_dot(%d, %d)", row, col);
-    put_error(run_state.msg);
+    put_errorf("overflow y get_dot(%d, %d)", row, col);
     return 3;
   }
   return cell(row, col);
@@ -122,12 +117,10 @@ static void clamp_range(int centre, long long radius, int lo, int hi, int *from,
 int put_dot(int row, int col) {
   if (!dmap.in_use) return 0;
   if (row < dmap.row_min || row > dmap.row_max) {
-    compose("overflow x %d put_dot(%d, %d)", row, dmap.row_min, dmap.row_max);
-    return put_error(run_state.msg);
+    return put_errorf("overflow x %d put_dot(%d, %d)", row, dmap.row_min, dmap.row_max);
   }
   if (col < dmap.col_min || col > dmap.col_max) {
-    compose("overflow y %d put_dot(%d, %d)", col, dmap.col_min, dmap.col_max);
-    return put_error(run_state.msg);
+    return put_errorf("overflow y %d put_dot(%d, %d)", col, dmap.col_min, dmap.col_max);
   }
   int size = plot_state.dot_size & 3;
   if (dmap.gap_flag == 0) {
@@ -168,8 +161,7 @@ void reset_gap() {
 
 int set_gap(int flag, double value_mm) {
   if (flag < 0 || flag > 2) {
-    compose("illeegal gap_flag %d (0-2)\n", flag);
-    return put_error(run_state.msg);
+    return put_errorf("illeegal gap_flag %d (0-2)\n", flag);
   }
   if (!dmap.in_use) return 1;
   if (flag == 0) {
@@ -199,8 +191,7 @@ int scrape(double wx, double wy, double radius_mm) {
   DotPos pos;
   if (!cell_of(&wx, &wy, &pos)) return 0;
   if (!inside(pos.row, pos.col)) {
-    compose("overflow (%d, %d)", pos.row, pos.col);
-    return put_error(run_state.msg);
+    return put_errorf("overflow (%d, %d)", pos.row, pos.col);
   }
   fprintf(stderr, "\nscrape (%.2f, %.2f) radius %d dot", wx, wy, radius);
   long long rr = static_cast<long long>(radius) * radius;

@@ -3,9 +3,9 @@
 
 #include <string>
 
+#include "core/run_state.h"
 #include "geometry/page.h"
 #include "raster/plot.h"
-#include "shell/run_state.h"
 #include "support/test_env.h"
 
 class DmapTest : public TactoTest {

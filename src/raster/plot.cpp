@@ -4,17 +4,19 @@
 
 #include <climits>
 
+#include "core/diag.h"
+#include "core/echo.h"
+#include "core/process.h"
+#include "core/run_state.h"
 #include "devices/bitmap.h"
 #include "devices/embosser.h"
 #include "devices/postscript.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
-#include "interp/commands.h"
-#include "interp/diag.h"
 #include "raster/dmap.h"
-#include "shell/run_state.h"
 
 PlotState plot_state;
+[[maybe_unused]] static const int reset_listed = add_reset(reset_plot);
 
 void reset_plot() { plot_state = PlotState(); }
 
@@ -67,12 +69,10 @@ int plot_dot(double wx, double wy, int kind) {
 int plot0(int dx, int dy) {
   const IntRect &f = page_geom.f;
   if (dx < f.x0 || dx > f.x1) {
-    compose("plot0 x0: %d (%d, %d)\n", dx, f.x0, f.x1);
-    return put_warning(run_state.msg);
+    return put_warningf("plot0 x0: %d (%d, %d)\n", dx, f.x0, f.x1);
   }
   if (dy < f.y0 || dy > f.y1) {
-    compose("plot0 y0: %d (%d, %d)\n", dy, f.y0, f.y1);
-    return put_warning(run_state.msg);
+    return put_warningf("plot0 y0: %d (%d, %d)\n", dy, f.y0, f.y1);
   }
   int row, col;
   dot_to_device(dx, dy, &row, &col);
@@ -140,10 +140,9 @@ int set_dot_size(int size) {
   int printer = page_geom.printer;
   if (printer == EVEREST_D) return 1;  // no dot sizes: any value is accepted
   if (size < 0 || size > 2) {
-    if (printer == ESA721) compose("illegal dot size %d (printer 0)", size);
-    else if (!xform.mirror_on) compose("illegal dot size %d (printer 1, mirror 0)", size);
-    else compose("illegal dot size %d (printer 1, mirrer 1)", size);
-    return put_error(run_state.msg);
+    if (printer == ESA721) return put_errorf("illegal dot size %d (printer 0)", size);
+    if (!xform.mirror_on) return put_errorf("illegal dot size %d (printer 1, mirror 0)", size);
+    return put_errorf("illegal dot size %d (printer 1, mirrer 1)", size);
   }
   int code = size;
   if (!ps.active && !bmp.active && printer == ESA600G) {
@@ -166,13 +165,11 @@ int set_design(int mode, int on1, int off1, int on2, int off2) {
       break;
     case 1: {
       if (on1 < 0 || off1 < 0 || on2 < 0 || off2 < 0) {
-        compose("illegal design %d %d %d %d (0-)", on1, off1, on2, off2);
-        return put_error(run_state.msg);
+        return put_errorf("illegal design %d %d %d %d (0-)", on1, off1, on2, off2);
       }
       long long len = static_cast<long long>(on1) + off1 + on2 + off2;
       if (len > DESIGN_CAPACITY) {
-        compose("too long design %lld (1-%d)", len, DESIGN_CAPACITY);
-        return put_error(run_state.msg);
+        return put_errorf("too long design %lld (1-%d)", len, DESIGN_CAPACITY);
       }
       int runs[4] = {on1, off1, on2, off2}, k = 0;
       for (int i = 0; i < 4; i++)
@@ -189,8 +186,7 @@ int set_design(int mode, int on1, int off1, int on2, int off2) {
       s.pattern_on = s.pattern_saved;
       break;
     default:
-      compose("illegal design mode %d (0-3)", mode);
-      return put_error(run_state.msg);
+      return put_errorf("illegal design mode %d (0-3)", mode);
   }
   next_design(0);
   return 1;

@@ -4,11 +4,11 @@
 
 #include <string>
 
+#include "core/run_state.h"
 #include "devices/embosser.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
 #include "raster/dmap.h"
-#include "shell/run_state.h"
 #include "support/test_env.h"
 
 class PlotTest : public TactoTest {};

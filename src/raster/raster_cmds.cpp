@@ -1,10 +1,10 @@
 // raster_cmds.cpp - dot commands.
 #include "raster/raster_cmds.h"
 
-#include "interp/diag.h"
+#include "core/diag.h"
+#include "core/run_state.h"
 #include "raster/dmap.h"
 #include "raster/plot.h"
-#include "shell/run_state.h"
 
 static const double *const P = run_state.param;
 
@@ -46,8 +46,7 @@ int cmd_formfeed(const Command &) {
   int n = trunc_int(P[1]);
   if (n == 0) return page_feed(0);
   if (n < 0 || n > MAX_FEEDS) {
-    compose("illegal formfeed %d (0-%d)", n, MAX_FEEDS);
-    return put_error(run_state.msg);
+    return put_errorf("illegal formfeed %d (0-%d)", n, MAX_FEEDS);
   }
   for (int i = 0; i < n; i++) page_feed(1);
   return 1;

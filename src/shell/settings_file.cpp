@@ -6,11 +6,13 @@
 #include <cstring>
 #include <unistd.h>
 
+#include "core/diag.h"
+#include "core/process.h"
+#include "core/run_state.h"
 #include "devices/serial.h"
-#include "interp/diag.h"
-#include "shell/run_state.h"
 
 SysFile sys_file;
+[[maybe_unused]] static const int reset_listed = add_reset(reset_sys_file);
 
 // Record sizes after the version: block, grid, frame, window, pitch, serial.
 enum : int { GRID_BYTES = 48, PITCH_BYTES = 16, SERIAL_BYTES = 116 };

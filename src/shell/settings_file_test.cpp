@@ -5,10 +5,10 @@
 #include <fstream>
 #include <string>
 
+#include "core/process.h"
+#include "core/run_state.h"
 #include "devices/serial.h"
 #include "geometry/page.h"
-#include "shell/run_state.h"
-#include "shell/startup.h"
 #include "support/test_env.h"
 
 class SettingsFileTest : public TactoTest {

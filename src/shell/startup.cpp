@@ -9,6 +9,9 @@
 #include <strings.h>
 #include <sys/stat.h>
 
+#include "core/diag.h"
+#include "core/process.h"
+#include "core/run_state.h"
 #include "devices/bitmap.h"
 #include "devices/embosser.h"
 #include "devices/postscript.h"
@@ -17,7 +20,6 @@
 #include "geometry/transform.h"
 #include "geometry/winstack.h"
 #include "interp/calc.h"
-#include "interp/diag.h"
 #include "interp/help.h"
 #include "interp/macro.h"
 #include "interp/reader.h"
@@ -28,31 +30,8 @@
 #include "platform/platform.h"
 #include "raster/dmap.h"
 #include "raster/plot.h"
-#include "shell/run_state.h"
 #include "shell/settings_file.h"
 #include "text/ink.h"
-
-void reset_all_state() {
-  reset_run_state();
-  reset_diag();
-  reset_page_geom();
-  reset_transform();
-  reset_dmap();
-  reset_plot();
-  reset_embosser();
-  reset_postscript();
-  reset_bitmap();
-  reset_ink();
-  reset_serial();
-  reset_calc();
-  reset_macros();
-  reset_winstack();
-  reset_help();
-  reset_sys_file();
-  reset_console_io();
-  reset_image_jobs();
-  reset_print_screen();
-}
 
 void show_banner() {
   clear_screen();
@@ -115,6 +94,7 @@ void end_program(int status) {
 int tacto_main(int argc, char **argv) {
   // 1-3: defaults, buffers, the start-up names.
   reset_all_state();
+  set_fatal_exit(end_program);
   apply_serial();
 
   // 4: options; a later file name replaces an earlier one.
@@ -179,8 +159,7 @@ int tacto_main(int argc, char **argv) {
     copy_text(run_state.fname, NAME_SIZE, input_name);
     input = fopen(input_name, "r");
     if (input == nullptr) {
-      compose("input file (%s) can not open", input_name);
-      put_error(run_state.msg);
+      put_errorf("input file (%s) can not open", input_name);
       quit_job(1);
       status = 1;
     }

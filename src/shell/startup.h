@@ -3,9 +3,6 @@
 #ifndef TACTO_SHELL_STARTUP_H
 #define TACTO_SHELL_STARTUP_H
 
-// Restores every record of every module to its start-up defaults.
-void reset_all_state();
-
 // The whole program; returns the exit status.
 int tacto_main(int argc, char **argv);
 

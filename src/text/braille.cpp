@@ -6,14 +6,14 @@
 #include <cstdio>
 #include <cstring>
 
+#include "core/diag.h"
+#include "core/run_state.h"
 #include "devices/bitmap.h"
 #include "devices/embosser.h"
 #include "devices/postscript.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
-#include "interp/diag.h"
 #include "raster/plot.h"
-#include "shell/run_state.h"
 #include "text/brltable.h"
 
 // The ESA721 embosses Braille text itself in portrait when it receives the
@@ -64,19 +64,16 @@ int draw_braille(float x, float y, const char *text) {
   float top = static_cast<float>(y + mm_to_dy(2.0));
   // Only the left edge is tested here: the length test covers the right one.
   if (!(x >= g.w.x0)) {
-    compose("overflow %s: %.2f (%.2f-%2.f)", line, x, g.w.x0, g.w.x1);
-    return put_warning(run_state.msg);
+    return put_warningf("overflow %s: %.2f (%.2f-%2.f)", line, x, g.w.x0, g.w.x1);
   }
   if (!(top >= g.w.y0 && top <= g.w.y1)) {
-    compose("overflow %s: %.2f (%2.f-%2.f", line, top, g.w.y0, g.w.y1);
-    return put_warning(run_state.msg);
+    return put_warningf("overflow %s: %.2f (%2.f-%2.f", line, top, g.w.y0, g.w.y1);
   }
   char *feed = strchr(line, '\n');
   if (feed != nullptr) *feed = '\0';
   long long end = static_cast<long long>(strlen(line)) * gap_s() + trunc_int(world_to_grid_x(x));
   if (end > g.f.x1) {
-    compose("too long (%s)", line);
-    return put_warning(run_state.msg);
+    return put_warningf("too long (%s)", line);
   }
   for (char *c = line; *c != '\0'; c++) *c = static_cast<char>(normalize_char(static_cast<unsigned char>(*c)));
   if (embosser_writes_text()) return send_text(x, top, line);

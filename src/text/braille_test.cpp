@@ -7,10 +7,10 @@
 #include <sstream>
 #include <string>
 
+#include "core/run_state.h"
 #include "devices/embosser.h"
 #include "raster/dmap.h"
 #include "raster/plot.h"
-#include "shell/run_state.h"
 #include "support/test_env.h"
 
 // ESA721 a4 with the window on the grid: world units are dots, and 2 mm

@@ -6,14 +6,16 @@
 #include <cmath>
 #include <vector>
 
+#include "core/diag.h"
+#include "core/process.h"
+#include "core/run_state.h"
 #include "devices/postscript.h"
 #include "draw/axes.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
-#include "interp/diag.h"
-#include "shell/run_state.h"
 
 InkState ink;
+[[maybe_unused]] static const int reset_listed = add_reset(reset_ink);
 
 const char *const font_table[12] = {"/Times-Roman", "/Helvetica", "/Courier", "/Symbol",
     "/Ryumin-Light-RKSJ-H", "/Ryumin-Light-RKSJ-v", "/GothicBBB-Medium-RKSJ-H", "/GothicBBB-Medium-RKSJ-V",
@@ -263,14 +265,12 @@ static int ink_text(int japanese) {
   double base = y - mm_to_dy(2.0);
   const FloatRect &w = page_geom.w;
   if (!(x >= w.x0 && x <= w.x1)) {
-    if (japanese) compose("illegal wx0 %.2f (%.2f-%.2f)", x, w.x0, w.x1);
-    else compose("out of range wx0 %.2f (%.2f-%.2f)", x, w.x0, w.x1);
-    return put_error(run_state.msg);
+    if (japanese) return put_errorf("illegal wx0 %.2f (%.2f-%.2f)", x, w.x0, w.x1);
+    return put_errorf("out of range wx0 %.2f (%.2f-%.2f)", x, w.x0, w.x1);
   }
   if (!(base >= w.y0 && base <= w.y1)) {
-    if (japanese) compose("illegal wy0 %.2f (%.2f-%.2f)", base, w.y0, w.y1);
-    else compose("out of range wy0 %.2f (%.2f-%.2f)", base, w.y0, w.y1);
-    return put_error(run_state.msg);
+    if (japanese) return put_errorf("illegal wy0 %.2f (%.2f-%.2f)", base, w.y0, w.y1);
+    return put_errorf("out of range wy0 %.2f (%.2f-%.2f)", base, w.y0, w.y1);
   }
   int px = ink_point_x(x), py = ink_point_y(base);
   std::string text = japanese ? ink_kanji_string(run_state.ptr) : ink_latin_string(run_state.ptr);
@@ -309,10 +309,11 @@ int cmd_cmykcolor(const Command &) {
   return 1;
 }
 
-// An integer setting within lo-hi, or the error `message` with the value.
-static int set_int(int *field, int lo, int hi, const char *message) {
+// An integer setting within lo-hi, or the error worded by `format` (which
+// may show the value).
+static int set_int(int *field, int lo, int hi, const char *format) {
   int n = trunc_int(P[1]);
-  if (n < lo || n > hi) return put_error(message);
+  if (n < lo || n > hi) return put_errorf(format, n);
   *field = n;
   return 1;
 }
@@ -337,22 +338,10 @@ int cmd_gray(const Command &) {
 
 int cmd_width(const Command &) { return set_fraction(&ink.width, "width must be 0.0-1.0"); }
 
-int cmd_esize(const Command &) {
-  compose("illegal European fontsize %d (1-100)", trunc_int(P[1]));
-  return set_int(&ink.esize, 1, 100, run_state.msg);
-}
+int cmd_esize(const Command &) { return set_int(&ink.esize, 1, 100, "illegal European fontsize %d (1-100)"); }
 
-int cmd_jsize(const Command &) {
-  compose("illegal Japanese font size %d (1-100)", trunc_int(P[1]));
-  return set_int(&ink.jsize, 1, 100, run_state.msg);
-}
+int cmd_jsize(const Command &) { return set_int(&ink.jsize, 1, 100, "illegal Japanese font size %d (1-100)"); }
 
-int cmd_efont(const Command &) {
-  compose("illegal European font %d (0-3)", trunc_int(P[1]));
-  return set_int(&ink.efont, 0, 3, run_state.msg);
-}
+int cmd_efont(const Command &) { return set_int(&ink.efont, 0, 3, "illegal European font %d (0-3)"); }
 
-int cmd_jfont(const Command &) {
-  compose("illegal Japanese font %d (4-11)", trunc_int(P[1]));
-  return set_int(&ink.jfont, 4, 11, run_state.msg);
-}
+int cmd_jfont(const Command &) { return set_int(&ink.jfont, 4, 11, "illegal Japanese font %d (4-11)"); }

@@ -4,10 +4,10 @@
 
 #include <sstream>
 
+#include "core/run_state.h"
 #include "devices/postscript.h"
 #include "geometry/page.h"
 #include "raster/plot.h"
-#include "shell/run_state.h"
 #include "support/test_env.h"
 
 // A window of 20 x 20 units on ESA721 a4: world x lands on 29.3 (x + 10) +

@@ -2,7 +2,7 @@
 // as it stands, kana translates Japanese text first.
 #include "text/text_cmds.h"
 
-#include "shell/run_state.h"
+#include "core/run_state.h"
 #include "text/braille.h"
 #include "text/kana.h"
 

@@ -6,13 +6,13 @@
 #include <sstream>
 #include <unistd.h>
 
+#include "core/process.h"
+#include "core/run_state.h"
 #include "devices/embosser.h"
 #include "geometry/winstack.h"
 #include "interp/reader.h"
 #include "platform/platform.h"
-#include "shell/run_state.h"
 #include "shell/settings_file.h"
-#include "shell/startup.h"
 
 Capture::Capture() : file_(tmpfile()) {}
 

@@ -1,7 +1,7 @@
 // run_state.h - the process-wide record of modes, counters, streams and the
 // shared work buffers that every subsystem reads.
-#ifndef TACTO_SHELL_RUN_STATE_H
-#define TACTO_SHELL_RUN_STATE_H
+#ifndef TACTO_CORE_RUN_STATE_H
+#define TACTO_CORE_RUN_STATE_H
 
 #include <cstdio>
 
@@ -80,8 +80,5 @@ void copy_text(char *dst, int size, const char *src);
 // Truncates toward zero like a C cast, but never overflows: NaN gives 0 and
 // values beyond the int range give its ends.
 int trunc_int(double v);
-
-// Composes into run_state.msg with a printf format, cutting it to fit.
-void compose(const char *format, ...) __attribute__((format(printf, 1, 2)));
 
 #endif

@@ -1,13 +1,16 @@
 // diag.cpp - errors, warnings, the quit request and the two listing files.
-#include "interp/diag.h"
+#include "core/diag.h"
 
+#include <cstdarg>
 #include <cstring>
 #include <strings.h>
 
+#include "core/process.h"
+#include "core/run_state.h"
 #include "platform/platform.h"
-#include "shell/run_state.h"
 
 DiagLists diag_lists;
+[[maybe_unused]] static const int reset_listed = add_reset(reset_diag);
 
 void reset_diag() {
   diag_lists.log_file = nullptr;
@@ -60,6 +63,22 @@ int put_warning(const char *text) {
   }
   beep(880, 200);
   return 0;
+}
+
+int put_errorf(const char *format, ...) {
+  va_list ap;
+  va_start(ap, format);
+  vsnprintf(run_state.msg, MSG_SIZE, format, ap);
+  va_end(ap);
+  return put_error(run_state.msg);
+}
+
+int put_warningf(const char *format, ...) {
+  va_list ap;
+  va_start(ap, format);
+  vsnprintf(run_state.msg, MSG_SIZE, format, ap);
+  va_end(ap);
+  return put_warning(run_state.msg);
 }
 
 void quit_job(int code) {

@@ -1,10 +1,10 @@
 // diag_test.cpp - error and warning lines, the limit, and the two lists.
-#include "interp/diag.h"
+#include "core/diag.h"
 
 #include <string>
 
+#include "core/run_state.h"
 #include "platform/platform.h"
-#include "shell/run_state.h"
 #include "support/test_env.h"
 
 class DiagTest : public TactoTest {

@@ -1,11 +1,12 @@
 // run_state.cpp - the run state record and its start-up defaults.
-#include "shell/run_state.h"
+#include "core/process.h"
+#include "core/run_state.h"
 
-#include <cstdarg>
 #include <climits>
 #include <cstring>
 
 RunState run_state;
+[[maybe_unused]] static const int reset_listed = add_reset(reset_run_state);
 
 void reset_run_state() {
   run_state = RunState();
@@ -32,13 +33,6 @@ void copy_text(char *dst, int size, const char *src) {
   if (n > static_cast<size_t>(size - 1)) n = size - 1;
   memmove(dst, src, n);
   dst[n] = '\0';
-}
-
-void compose(const char *format, ...) {
-  va_list ap;
-  va_start(ap, format);
-  vsnprintf(run_state.msg, MSG_SIZE, format, ap);
-  va_end(ap);
 }
 
 int trunc_int(double v) {

@@ -1,7 +1,7 @@
 // diag.h - how faults are reported: numbered errors and warnings naming the
 // program, line and command; the quit request; the log list and error list.
-#ifndef TACTO_INTERP_DIAG_H
-#define TACTO_INTERP_DIAG_H
+#ifndef TACTO_CORE_DIAG_H
+#define TACTO_CORE_DIAG_H
 
 #include <cstdio>
 
@@ -25,6 +25,11 @@ int put_error(const char *text);
 
 // Counts, shows, lists and beeps a warning. Returns 0.
 int put_warning(const char *text);
+
+// put_error and put_warning of a message composed with a printf format into
+// run_state.msg, cut to its 95 bytes. Return 0.
+int put_errorf(const char *format, ...) __attribute__((format(printf, 1, 2)));
+int put_warningf(const char *format, ...) __attribute__((format(printf, 1, 2)));
 
 // Beeps, prompts "   quit %d, press any key ? ", waits for a key and sets
 // the quit request; the process itself goes on.
