@@ -2,7 +2,7 @@
 #include "curves/bwplot.h"
 
 #include "core/run_state.h"
-#include "draw/draw_testing.h"
+#include "support/draw_testing.h"
 #include "support/test_env.h"
 
 class BwplotTest : public DrawTest {};

@@ -7,12 +7,12 @@
 #include <string>
 #include <vector>
 
+#include "commands/handlers.h"
 #include "core/run_state.h"
-#include "curves/curve_cmds.h"
-#include "draw/draw_testing.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
 #include "interp/commands.h"
+#include "support/draw_testing.h"
 
 class FunctionsTest : public DrawTest {
  protected:

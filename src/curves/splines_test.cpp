@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "core/run_state.h"
-#include "draw/draw_testing.h"
 #include "geometry/page.h"
 #include "raster/plot.h"
+#include "support/draw_testing.h"
 
 class SplinesTest : public DrawTest {
  protected:

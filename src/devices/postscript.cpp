@@ -1,27 +1,40 @@
 // postscript.cpp - the PostScript writer: header and trailer of the menu
 // job and of the script commands, pages, the landscape turn, the mapping of
-// world points and dot-map cells onto the page box, and the dot circles.
+// world points and dot-map cells onto the page box, the dot circles, and in
+// ink print the pen and the strokes that plot_dot's path codes make.
 #include "devices/postscript.h"
 
+#include <cmath>
 #include <cstdarg>
 
 #include "core/diag.h"
 #include "core/process.h"
 #include "core/run_state.h"
-#include "devices/bitmap.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
 #include "platform/platform.h"
 #include "raster/plot.h"
-#include "text/ink.h"
 
 PsState ps;
-[[maybe_unused]] static const int reset_listed = add_reset(reset_postscript);
+InkState ink;
+[[maybe_unused]] static const int reset_listed = add_reset(reset_postscript) + add_reset(reset_ink);
 
 void reset_postscript() {
   if (ps.file != nullptr) fclose(ps.file);
   ps = PsState();
 }
+
+void reset_ink() {
+  ink = InkState();
+  ink.join = 1;
+  ink.width = 1.0f;
+  ink.esize = 24;
+  ink.jsize = 18;
+  ink.efont = 2;
+  ink.jfont = 6;
+}
+
+int ink_active() { return ps.active && ps.ink_print && ps.file != nullptr; }
 
 void ps_printf(const char *format, ...) {
   if (ps.file == nullptr) return;
@@ -40,6 +53,64 @@ void ps_path_break() {
 void ps_path_end() {
   ps_path_break();
   ps.path_open = 0;
+}
+
+// A colour or width value as written: as set, but a value that is not a
+// finite number (which PostScript could not read) as 0.
+double ink_value(float v) { return std::isfinite(v) ? v : 0.0; }
+
+void ps_stroke_state() {
+  ps_printf("\n%.2f setlinewidth\n", ink_value(ink.width));
+  if (ink.use_rgb)
+    ps_printf("%.2f %.2f %.2f setrgbcolor\n", ink_value(ink.red), ink_value(ink.green), ink_value(ink.blue));
+  else
+    ps_printf("%.2f setgray\n", ink_value(ink.gray));
+  ps_printf("%d setlinejoin\n", ink.join);
+}
+
+// Starts a stroke at a page point.
+static void start_path(int x, int y) {
+  ps_path_end();
+  ps_stroke_state();
+  ps_printf("%d setlinecap\n", ink.cap);
+  ps_printf("%d %d moveto\n", x, y);
+  ps.path_open = 1;
+  ps.path_written = 1;
+  ps.path_x = x;
+  ps.path_y = y;
+}
+
+// Draws the stroke on to a page point; after a break it picks up at its last point.
+static void extend_path(int x, int y) {
+  if (!ps.path_written) {
+    ps_printf("%d %d moveto\n", ps.path_x, ps.path_y);
+    ps.path_written = 1;
+  }
+  ps_printf("%d %d lineto\n", x, y);
+  ps.path_x = x;
+  ps.path_y = y;
+}
+
+// A stroke of plot_dot's path codes at a page point: 1 starts it, 2 extends
+// it, 3 ends and strokes it. A 2 without a start starts one.
+static void ink_path(int x, int y, int kind) {
+  if (!ink_active()) return;
+  switch (kind) {
+    case 1:
+      start_path(x, y);
+      break;
+    case 2:
+      if (ps.path_open) extend_path(x, y);
+      else start_path(x, y);  // its start fell outside the window
+      break;
+    case 3:
+      if (!ps.path_open) break;
+      extend_path(x, y);
+      ps_path_end();
+      break;
+    default:
+      break;
+  }
 }
 
 // The header. The menu job and the script commands differ in the title's
@@ -108,7 +179,9 @@ void ps_close() {
   ps.ink_print = 0;
   ps.menu_job = 0;
   ps.page_start_pending = 0;
-  ink_document_closed();
+  // Closing a document resets the pen's colour and width to 0.
+  ink.red = ink.green = ink.blue = 0.0f;
+  ink.width = 0.0f;
 }
 
 void ps_flush_page_start() {
@@ -213,13 +286,4 @@ void ps_dot(int row, int col, int size) {
   ps_path_break();
   if (xform.mirror_on) ps_printf("%d %d %d 0 360 arc stroke\n", x, y, size + 1);
   else ps_printf("%d %d %d 0 360 arc fill stroke\n", x, y, size + 1);
-}
-
-int ps_command(const char *name, int ink_print) {
-  if (ps.menu_job || bmp.active) {
-    // The image job owns the output; a second document would take its dots.
-    return put_errorf("postscript is not available in an image job (%s)", name);
-  }
-  if (ps.active) ps_close();
-  return ps_open(name, ink_print, 0);
 }

@@ -1,5 +1,6 @@
 // postscript.h - the PostScript document: tactile (every dot a circle) or
-// ink print (lines, colour and text), always an A4 portrait page.
+// ink print (lines, colour and text, drawn with the ink-print pen), always
+// an A4 portrait page.
 #ifndef TACTO_DEVICES_POSTSCRIPT_H
 #define TACTO_DEVICES_POSTSCRIPT_H
 
@@ -18,6 +19,22 @@ struct PsState {
 };
 extern PsState ps;
 
+// The ink-print pen: what strokes and text are written with.
+struct InkState {
+  float red, green, blue;
+  float cyan, magenta, yellow, black;  // kept as set; no output uses them
+  int cap;         // 0-2 (0)
+  int join;        // 0-2 (1)
+  float gray;      // 0.0-1.0 (0.0)
+  float width;     // 0.0-1.0 (1.0)
+  int esize;       // European font size 1-100 (24)
+  int jsize;       // Japanese font size 1-100 (18)
+  int efont;       // 0-3 (2)
+  int jfont;       // 4-11 (6)
+  int use_rgb;     // lines take the rgbcolor (1) or the gray (0), whichever was set last (0)
+};
+extern InkState ink;
+
 // The box of the page that the window is mapped onto, in points.
 struct PsBox {
   int x0, x1, y0, y1;
@@ -26,6 +43,18 @@ struct PsBox {
 // Closes the file without a trailer and forgets the document (tests call it
 // between cases).
 void reset_postscript();
+
+// Restores the pen's defaults above.
+void reset_ink();
+
+// 1 when the current output is ink-print PostScript.
+int ink_active();
+
+// A pen value as written: as set, or 0 when it is not a finite number.
+double ink_value(float v);
+
+// Writes the width, the colour or grey, and the join every stroke takes.
+void ps_stroke_state();
 
 // Opens the document and writes the header; 0 after the open-failure message.
 // menu_job selects the menu job's header and trailer. A document still open
@@ -70,9 +99,5 @@ void ps_plot0(int row, int col);
 
 // One dot of the dot map as a circle of the stored size.
 void ps_dot(int row, int col, int size);
-
-// The script commands postscript FILE and inkprint FILE. A document already
-// open is finished first; inside an image job the command is refused.
-int ps_command(const char *name, int ink_print);
 
 #endif

@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "core/run_state.h"
-#include "draw/draw_testing.h"
 #include "raster/plot.h"
+#include "support/draw_testing.h"
 #include "support/test_env.h"
 
 class ArrowsTest : public DrawTest {};

@@ -1,4 +1,5 @@
-// axes.cpp - xaxis and yaxis: one walk, transposed for the y-axis.
+// axes.cpp - xaxis and yaxis: one set of checks, then the dot walk (one
+// walk, transposed for the y-axis) or, in ink print, stroked lines.
 #include "draw/axes.h"
 
 #include <climits>
@@ -6,10 +7,12 @@
 
 #include "core/diag.h"
 #include "core/run_state.h"
+#include "devices/inkprint.h"
+#include "devices/postscript.h"
 #include "draw/lines.h"
 #include "geometry/page.h"
+#include "geometry/transform.h"
 #include "raster/plot.h"
-#include "text/ink.h"
 
 // An axis in its own terms: positions along it are measured from `origin`;
 // `line` is where it lies across; tick dots step `mark` across it.
@@ -88,64 +91,63 @@ static void walk_axis(const Axis &ax, double A, double B, double unit) {
 // Dots per tick mark: the tick count's size (kept within int).
 static int tick_dots(int tick) { return tick >= 0 ? tick : tick == INT_MIN ? INT_MAX : -tick; }
 
-// The seven values as the ink-print axis operations take them, from index 1.
-static void fill_params(double *p, float ox, float oy, float a, float b, float unit, int tick,
-                        float pitch) {
-  p[0] = 0;
-  p[1] = ox;
-  p[2] = oy;
-  p[3] = a;
-  p[4] = b;
-  p[5] = unit;
-  p[6] = tick;
-  p[7] = pitch;
+// The ink-print axis: the line from a to b, and a tick |tick| x pitch mm long
+// at every multiple of the unit from the origin between a and b (within the
+// window unless rotated or mirrored), on the side the tick's sign gives.
+static void ink_axis(int vertical, double ox, double oy, double a, double b, double unit, int tick, double pitch) {
+  for (double v : {ox, oy, a, b, unit, pitch})
+    if (!std::isfinite(v)) return;
+  if (vertical) ink_line(ox, a, ox, b);
+  else ink_line(a, oy, b, oy);
+  if (tick == 0) return;
+
+  double length_mm = std::fabs(static_cast<double>(tick)) * pitch;
+  double length = vertical ? mm_to_dx(length_mm) : mm_to_dy(length_mm);
+  if (tick < 0) length = -length;
+  double origin = vertical ? oy : ox;
+  double lo = std::fmin(a, b), hi = std::fmax(a, b);
+  if (!xform.rotate_on && !xform.mirror_on) {
+    // Ticks beyond the window would be cut away whole: do not count them.
+    const FloatRect &w = page_geom.w;
+    lo = std::fmax(lo, vertical ? w.y0 : w.x0);
+    hi = std::fmin(hi, vertical ? w.y1 : w.x1);
+    if (lo > hi) return;
+  }
+  double k0 = std::ceil((lo - origin) / unit - 1e-9);
+  double k1 = std::floor((hi - origin) / unit + 1e-9);
+  if (!std::isfinite(k0) || !std::isfinite(k1)) return;
+  if (k1 - k0 >= AXIS_TICK_LIMIT) k1 = k0 + AXIS_TICK_LIMIT - 1;
+  for (double k = k0; k <= k1; k += 1.0) {
+    double at = origin + k * unit;
+    if (vertical) ink_line(ox, at, ox + length, at);
+    else ink_line(at, oy, at, oy + length);
+  }
+}
+
+// Both axes: the checks (each axis words its own messages, and only the
+// y-axis refuses a tick of 0), then the ink-print lines or the dot walk.
+static int draw_axis(int vertical, float ox, float oy, float a, float b, float unit, int tick, float pitch) {
+  if (a == b)
+    return put_errorf(vertical ? "zero length of y-axis (%.2f-%.2f)" : "zero length of x-axis (%.2f-%.2f)", a, b);
+  if (!(unit > 0)) return put_errorf(vertical ? "unit should be positive (%.2f)" : "illegal unit (%.2f)", unit);
+  if (vertical && tick == 0) return put_errorf("illegal pic (%d)", tick);
+  if (!(pitch > 0)) return put_errorf(vertical ? "illegal: pitch (%.2fmm)" : "illegal pitch (%.2fmm)", pitch);
+  if (!ticks_fit(a, b, unit)) return 0;
+  if (ink_active()) {
+    ink_axis(vertical, ox, oy, a, b, unit, tick, pitch);
+    return 1;
+  }
+  double along = vertical ? oy : ox, across = vertical ? ox : oy;
+  double mark = vertical ? mm_to_dx(pitch) : mm_to_dy(pitch);
+  Axis ax{vertical, along, across, tick < 0 ? -mark : mark, tick_dots(tick), pitch};
+  walk_axis(ax, (double)a - along, (double)b - along, unit);
+  return 1;
 }
 
 int draw_xaxis(float ox, float oy, float a, float b, float unit, int tick, float pitch) {
-  if (a == b) {
-    return put_errorf("zero length of x-axis (%.2f-%.2f)", a, b);
-  }
-  if (!(unit > 0)) {
-    return put_errorf("illegal unit (%.2f)", unit);
-  }
-  if (!(pitch > 0)) {
-    return put_errorf("illegal pitch (%.2fmm)", pitch);
-  }
-  if (!ticks_fit(a, b, unit)) return 0;
-  if (ink_active()) {
-    double p[8];
-    fill_params(p, ox, oy, a, b, unit, tick, pitch);
-    ink_xaxis(p);
-    return 1;
-  }
-  double h = mm_to_dy(pitch);
-  Axis ax{0, ox, oy, tick < 0 ? -h : h, tick_dots(tick), pitch};
-  walk_axis(ax, (double)a - ox, (double)b - ox, unit);
-  return 1;
+  return draw_axis(0, ox, oy, a, b, unit, tick, pitch);
 }
 
 int draw_yaxis(float ox, float oy, float a, float b, float unit, int tick, float pitch) {
-  if (a == b) {
-    return put_errorf("zero length of y-axis (%.2f-%.2f)", a, b);
-  }
-  if (!(unit > 0)) {
-    return put_errorf("unit should be positive (%.2f)", unit);
-  }
-  if (tick == 0) {
-    return put_errorf("illegal pic (%d)", tick);
-  }
-  if (!(pitch > 0)) {
-    return put_errorf("illegal: pitch (%.2fmm)", pitch);
-  }
-  if (!ticks_fit(a, b, unit)) return 0;
-  if (ink_active()) {
-    double p[8];
-    fill_params(p, ox, oy, a, b, unit, tick, pitch);
-    ink_yaxis(p);
-    return 1;
-  }
-  double w = mm_to_dx(pitch);
-  Axis ax{1, oy, ox, tick < 0 ? -w : w, tick_dots(tick), pitch};
-  walk_axis(ax, (double)a - oy, (double)b - oy, unit);
-  return 1;
+  return draw_axis(1, ox, oy, a, b, unit, tick, pitch);
 }

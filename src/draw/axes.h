@@ -1,5 +1,6 @@
 // axes.h - coordinate axes: a dotted line with tick marks at whole multiples
-// of a unit from an origin, standing on the side the tick count's sign gives.
+// of a unit from an origin, standing on the side the tick count's sign gives;
+// in ink print a stroked line with stroked ticks.
 #ifndef TACTO_DRAW_AXES_H
 #define TACTO_DRAW_AXES_H
 

@@ -2,7 +2,7 @@
 #include "draw/axes.h"
 
 #include "core/run_state.h"
-#include "draw/draw_testing.h"
+#include "support/draw_testing.h"
 #include "support/test_env.h"
 
 // A pitch of 1.5 mm on a unit of 1 mm: every unit-long stretch of axis gets

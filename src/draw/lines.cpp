@@ -5,10 +5,11 @@
 
 #include "core/diag.h"
 #include "core/run_state.h"
+#include "devices/inkprint.h"
+#include "devices/postscript.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
 #include "raster/plot.h"
-#include "text/ink.h"
 
 // A walk never goes this many sub-steps past its end; only coordinates that
 // are not finite, which never meet the end test, ever reach the limit.

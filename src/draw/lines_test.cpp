@@ -5,9 +5,9 @@
 #include <cstring>
 
 #include "core/run_state.h"
-#include "draw/draw_testing.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
+#include "support/draw_testing.h"
 #include "support/test_env.h"
 
 class LinesTest : public DrawTest {};

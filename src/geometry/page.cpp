@@ -6,9 +6,7 @@
 #include "core/diag.h"
 #include "core/process.h"
 #include "core/run_state.h"
-#include "devices/postscript.h"
 #include "geometry/transform.h"
-#include "raster/dmap.h"
 
 PageGeom page_geom;
 [[maybe_unused]] static const int reset_listed = add_reset(reset_page_geom);
@@ -78,7 +76,6 @@ int select_paper(int printer, int paper) {
   run_state.paper_size = paper;
   run_state.orientation = 1;
   xform.mirror_on = 0;
-  reset_gap();
   set_portrait();
   return 1;
 }
@@ -119,7 +116,6 @@ void set_landscape() {
     const FloatRect &dw = page_geom.default_window;
     page_geom.w = FloatRect{dw.y0, dw.y1, dw.x0, dw.x1};
   }
-  ps_turn_page();
 }
 
 // A window range the mapping can use: finite ends, the first below the second.

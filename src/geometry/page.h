@@ -58,7 +58,7 @@ void reset_page_geom();
 
 // Selects a printer and one of its papers; 0 after "illegal printer" or
 // "illegal paper_size". Forces portrait, loads grid, frame, window, pitches
-// and gaps, switches mirroring off and clears the gap flag.
+// and gaps, and switches mirroring off.
 int select_paper(int printer, int paper);
 
 // The paper command b5/b4/a4/a3/p8/p10 (flag PAPER_*) for the current printer.

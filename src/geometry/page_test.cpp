@@ -39,12 +39,13 @@ TEST_F(PageTest, SelectPaperLoadsBothTablesOrRefuses) {
   EXPECT_EQ(rects(), "p 0 554 0 800 f 10 20 10 20 w -1 1 -1 1");
 }
 
-TEST_F(PageTest, SelectPaperForcesPortraitAndClearsMirrorAndGap) {
+TEST_F(PageTest, ChoosingAPaperForcesPortraitAndClearsMirrorAndGap) {
   alloc_dmap();
   set_gap(1, 2.0);
   set_mirror(1, 3.0);
   set_landscape();
-  ASSERT_EQ(select_paper(0, 0), 1);
+  run_program("set_printer 0 0\n");
+  EXPECT_EQ(run_state.error_count, 0);
   EXPECT_EQ(rects(), "p 0 479 0 724 f 0 479 0 724 w -8.28 8.28 -11.48 11.48");
   EXPECT_EQ(xform.mirror_on + dmap.gap_flag + dmap.gap_value, 0);
   EXPECT_EQ(gap_h(), 6);  // portrait ESA721 gaps

@@ -7,9 +7,7 @@
 #include "core/diag.h"
 #include "core/process.h"
 #include "core/run_state.h"
-#include "devices/embosser.h"
 #include "geometry/page.h"
-#include "raster/dmap.h"
 
 Transform xform;
 [[maybe_unused]] static const int reset_listed = add_reset(reset_transform);
@@ -75,29 +73,7 @@ int rotate_point(double *x, double *y) {
 }
 
 int set_mirror(int flag, double shift_mm) {
-  if (flag < 0 || flag > 1) {
-    return put_errorf("illegal flag %d (0-1)", flag);
-  }
-  int switching = flag != xform.mirror_on;
-  int printer = page_geom.printer;
-  if (switching && (printer == ESA721 || printer == ESA600G)) {
-    // The page in hand was drawn the other way round: send it first.
-    if (dmap.in_use && dmap.has_dots) {
-      print_dmap();
-      clear_dmap();
-      dmap.has_dots = 0;
-    }
-    if (printer == ESA721) {
-      int target = run_state.output_target;
-      if (flag == 1) {
-        if (target == 2) embosser.output_enabled = 1;
-        if (target == 1) embosser.output_enabled = 0;
-        leave_plotter_mode();
-      } else if (target == 1 || target == 2) {
-        embosser.output_enabled = 1;
-      }
-    }
-  }
+  if (flag < 0 || flag > 1) return put_errorf("illegal flag %d (0-1)", flag);
   xform.mirror_on = flag;
   xform.mirror_shift = static_cast<float>(shift_mm);
   return 1;

@@ -41,8 +41,7 @@ int set_rotate(int flag, double cx, double cy, double angle);
 // Rotates (x, y) in place when rotation is on; 1 when on, 0 when off.
 int rotate_point(double *x, double *y);
 
-// Mirror command: flag 0 or 1 and a shift in mm. Switching finishes the
-// page in hand on the ESA721 and ESA600G.
+// Mirror command: flag 0 or 1 and a shift in mm; 0 after "illegal flag".
 int set_mirror(int flag, double shift_mm);
 
 // Mirrors x about the window's centre line (ESA721 only). Returns 1.

@@ -116,13 +116,13 @@ TEST_F(TransformTest, MirrorReflectsXOnTheEsa721Only) {
   EXPECT_EQ(x, 2.0);
 }
 
-TEST_F(TransformTest, MirrorSetsTheOutputSwitchFromTheTarget) {
+TEST_F(TransformTest, TheMirrorCommandSetsTheOutputSwitchFromTheTarget) {
   run_state.output_target = 1;
-  set_mirror(1, 0);
+  run_program("mirror 1 0\n");
   EXPECT_EQ(embosser.output_enabled, 0);
-  set_mirror(0, 0);
+  run_program("mirror 0 0\n");
   EXPECT_EQ(embosser.output_enabled, 1);
   run_state.output_target = 2;
-  set_mirror(1, 0);
+  run_program("mirror 1 0\n");
   EXPECT_EQ(embosser.output_enabled, 1);
 }

@@ -1,6 +1,6 @@
-// winstack.h - the window stack behind nested programs: paste, rpaste and
-// include run another program with the caller's geometry, rotation,
-// mirroring and reading position saved, and restore them afterwards.
+// winstack.h - the window stack behind nested programs: the caller's
+// geometry, rotation, mirroring and reading position, saved before another
+// program runs (interp/nested) and restored afterwards.
 #ifndef TACTO_GEOMETRY_WINSTACK_H
 #define TACTO_GEOMETRY_WINSTACK_H
 
@@ -43,9 +43,5 @@ int push_win(FILE *stream);
 
 // Restores the state of the current depth; 0 with "pop_win underflow deep = %d".
 int pop_win();
-
-// The paste and rpaste commands; include is paste at 0 0 with scale 1 1.
-int paste(const char *file, double ox, double oy, double bias_x, double bias_y);
-int rpaste(const char *file, double ox, double oy, double bias_x, double bias_y, double angle);
 
 #endif

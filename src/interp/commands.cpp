@@ -3,27 +3,47 @@
 // significant letters match wins.
 #include "interp/commands.h"
 
-#include <cctype>
 #include <cmath>
-#include <cstdarg>
 #include <cstring>
 #include <string>
 #include <strings.h>
 
+#include "commands/handlers.h"
 #include "core/diag.h"
-#include "core/echo.h"
 #include "core/run_state.h"
-#include "curves/curve_cmds.h"
-#include "devices/device_cmds.h"
-#include "draw/draw_cmds.h"
-#include "geometry/geom_cmds.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
+#include "geometry/winstack.h"
+#include "interp/calc.h"
+#include "interp/help.h"
+#include "interp/macro.h"
+#include "interp/nested.h"
 #include "interp/readers.h"
-#include "interp/run_cmds.h"
-#include "raster/raster_cmds.h"
-#include "text/ink.h"
-#include "text/text_cmds.h"
+
+// The interpreter's own commands: their work lies on this floor, above the
+// handlers of src/commands.
+static int cmd_calc(const Command &) { return calc_command(run_state.ptr); }
+
+static int cmd_help(const Command &) {
+  fputs("Enter help mode and redirect to screen\n", run_state.echo_out);
+  fflush(run_state.echo_out);
+  run_state.in_help = 1;
+  help_browser(stackwin.stream != nullptr ? stackwin.stream : stdin);
+  run_state.in_help = 0;
+  return 1;
+}
+
+static int cmd_define(const Command &) { return define_macro(run_state.ptr); }
+
+static int cmd_undefine(const Command &) { return undefine_macro(run_state.ptr); }
+
+static int cmd_paste(const Command &) { return paste(run_state.fname0, param(1), param(2), param(3), param(4)); }
+
+static int cmd_rpaste(const Command &) {
+  return rpaste(run_state.fname0, param(1), param(2), param(3), param(4), param(5));
+}
+
+static int cmd_include(const Command &) { return paste(run_state.fname0, 0, 0, 1, 1); }
 
 // Echo formats of the function curves: the debug form prints the six common
 // values as dots, the test form every value with three decimals.
@@ -35,7 +55,7 @@
 const Command command_table[] = {
     {"log", 3, R_READP5, 0, cmd_log, "log %s\n", "log %s\n", nullptr, "", 0, "log FILE"},
     {"error", 3, R_READP5, 0, cmd_error, "error %s\n", "error %s\n", nullptr, "", 0, "error FILE"},
-    {"calc", 3, R_NONE, 0, cmd_calc, nullptr, nullptr, nullptr, "", 0, "calc EXPRESSION"},
+    {"calc", 3, R_NONE, 0, cmd_calc, nullptr, nullptr, nullptr, "", F_OWN_ASSIGNMENT, "calc EXPRESSION"},
     {"help", 3, R_NONE, 0, cmd_help, nullptr, nullptr, nullptr, "", 0, "help"},
     {"step", 3, R_NONE, 0, cmd_step, "// execute step by step\n", "// execute step by step\n", nullptr,
      "", 0, "step"},
@@ -100,9 +120,9 @@ const Command command_table[] = {
     {"include", 3, R_READP5, 0, cmd_include, "%sinclude %s\n", "%sinclude %s\n", nullptr, "", 0,
      "include FILE"},
     {"postscript", 3, R_READP5, 0, cmd_postscript, "%spostscript %s\n", "%spostscript %s\n", nullptr, "",
-     F_SKIP_CONVERT | F_NO_STEP | F_NO_ECHO3, "postscript FILE"},
+     F_SKIP_CONVERT | F_NO_STEP | F_NOT_CONVERTED, "postscript FILE"},
     {"inkprint", 3, R_READP5, 0, cmd_inkprint, "%sinkprint %s\n", "%sinkprint %s\n", nullptr, "",
-     F_SKIP_CONVERT | F_NO_STEP | F_NO_ECHO3, "inkprint FILE"},
+     F_SKIP_CONVERT | F_NO_STEP | F_NOT_CONVERTED, "inkprint FILE"},
     {"rgbcolor", 3, R_READP, 3, cmd_rgbcolor, "%srglcolor %.3f %.3f %.3f\n", "%srglcolor %.3f %.3f %.3f\n",
      nullptr, "---", 0, "rgbcolor R G B"},
     {"cmykcolor", 3, R_READP, 4, cmd_cmykcolor, "%scmykcolor %.3f %.3f %.3f %.3f\n",
@@ -141,7 +161,7 @@ const Command command_table[] = {
     {"eraser", 3, R_READP, 4, cmd_eraser, "%seraser %d %d %d %d\n", "%seraser %.3f %.3f %.3f %.3f\n",
      nullptr, "xyYX", F_SKIP_CONVERT, "eraser CX CY A B"},
     {"bwplot", 3, R_READP, 10, cmd_bwplot, "%sbwplot %d %d %d %d %d %d %d %d %d %.3f\n",
-     "%sbwplot %.3f %.3f %.3f %.3f %.3f %.3f %.3f %.3f %.3f %.3f\n", nullptr, "xyXXXXXHY-", F_SKIP_CONVERT,
+     "%sbwplot %.3f %.3f %.3f %.3f %.3f %.3f %.3f %.3f %.3f %.3f\n", nullptr, "xyXXXXXVY-", F_SKIP_CONVERT,
      "bwplot OX Y MIN Q1 MEDIAN Q3 MAX H L PITCH"},
     {"polygon", 3, R_READP, 5, cmd_polygon, "%spolygon %d %d %d %d %.3f\n",
      "%spolygon %d %.3f %.3f %.3f %.3f\n", nullptr, "-xyX-", F_SKIP_CONVERT, "polygon N CX CY R PITCH"},
@@ -220,30 +240,30 @@ const Command command_table[] = {
     {"bline", 3, R_READP2, 1, cmd_bline, nullptr, nullptr, nullptr, "", 0, "bline PITCH"},
     {"cline", 3, R_READP2, 1, cmd_bline, nullptr, nullptr, nullptr, "", 0, "cline PITCH"},
     {"brl", 3, R_READP3, 2, cmd_braille, "%sbrl %d %d %s\n", "%sbrl %.3f %.3f %s\n", nullptr, "xy",
-     F_SKIP_CONVERT | F_NO_STEP, "brl X Y TEXT"},
+     F_SKIP_CONVERT | F_NO_STEP | F_RAW_TEXT, "brl X Y TEXT"},
     {"braille", 3, R_READP3, 2, cmd_braille, "%sbrl %d %d %s\n", "%sbrl %.3f %.3f %s\n", nullptr, "xy",
-     F_SKIP_CONVERT | F_NO_STEP, "braille X Y TEXT"},
+     F_SKIP_CONVERT | F_NO_STEP | F_RAW_TEXT, "braille X Y TEXT"},
     {"kana", 4, R_READP3, 2, cmd_kana, "%skana %d %d %s\n", "%skana %.3f %.3f %s\n", nullptr, "xy",
-     F_SKIP_CONVERT, "kana X Y TEXT"},
+     F_SKIP_CONVERT | F_RAW_TEXT, "kana X Y TEXT"},
     {"kanjikana", 4, R_READP3, 2, cmd_kanjikana, "%skanjikana %d %d %s\n", "%skanjikana %.3f %.3f %s\n",
-     nullptr, "xy", F_SKIP_CONVERT, "kanjikana X Y TEXT"},
+     nullptr, "xy", F_SKIP_CONVERT | F_RAW_TEXT, "kanjikana X Y TEXT"},
     {"alphanumeric", 3, R_READP3, 2, cmd_alphanumeric, "%salphanumeric %d %d %s\n",
-     "%salphanumeric %.3f %.3f %s\n", nullptr, "xy", F_SKIP_CONVERT, "alphanumeric X Y TEXT"},
+     "%salphanumeric %.3f %.3f %s\n", nullptr, "xy", F_SKIP_CONVERT | F_RAW_TEXT, "alphanumeric X Y TEXT"},
     {"formfeed", 3, R_READP, 1, cmd_formfeed, "%sformfeed %d\n", "%sformfeed %d\n", nullptr, "-",
-     F_SKIP_CONVERT | F_NO_STEP | F_NO_ECHO3, "formfeed N"},
-    {"ff", 2, R_NONE, 0, cmd_ff, "%sff\n", "%sff\n", nullptr, "", F_SKIP_CONVERT | F_NO_STEP | F_NO_ECHO3, "ff"},
+     F_SKIP_CONVERT | F_NO_STEP | F_NOT_CONVERTED, "formfeed N"},
+    {"ff", 2, R_NONE, 0, cmd_ff, "%sff\n", "%sff\n", nullptr, "", F_SKIP_CONVERT | F_NO_STEP | F_NOT_CONVERTED, "ff"},
     {"version", 3, R_NONE, 0, cmd_version, "%sVersion //0 %s\n", "%sVersion //0 %s\n", nullptr, "",
-     F_SKIP_CONVERT | F_NO_STEP | F_NO_ECHO3, "version"},
-    {"define", 3, R_NONE, 0, cmd_define, "%sdefine %s\n", "%sdefine %s\n", nullptr, "", 0,
+     F_SKIP_CONVERT | F_NO_STEP | F_NOT_CONVERTED, "version"},
+    {"define", 3, R_NONE, 0, cmd_define, "%sdefine %s\n", "%sdefine %s\n", nullptr, "", F_KEEP_WORD,
      "define WORD TEXT"},
-    {"undefine", 3, R_NONE, 0, cmd_undefine, "%sundefine %s\n", "%sundefine %s\n", nullptr, "", 0,
+    {"undefine", 3, R_NONE, 0, cmd_undefine, "%sundefine %s\n", "%sundefine %s\n", nullptr, "", F_KEEP_WORD,
      "undefine WORD"},
     {"esa721", 4, R_NONE, 0, cmd_select_printer, "%sesa721\n", "%sesa721\n", nullptr, "", 0, "esa721"},
     {"esa600g", 4, R_NONE, 0, cmd_select_printer, "%sesa600g\n", "%sesa600g\n", nullptr, "", 0, "esa600g"},
     {"everest-d", 4, R_NONE, 0, cmd_select_printer, "%severest-d\n", "%severest-d\n", nullptr, "", 0,
      "everest-d"},
-    {"//", 2, R_NONE, 0, cmd_comment, nullptr, nullptr, nullptr, "", 0, "// COMMENT"},
-    {"", 0, R_NONE, 0, cmd_empty, nullptr, nullptr, nullptr, "", 0, ""},
+    {"//", 2, R_NONE, 0, cmd_comment, nullptr, nullptr, nullptr, "", F_KEEP_WORD, "// COMMENT"},
+    {"", 0, R_NONE, 0, cmd_empty, nullptr, nullptr, nullptr, "", F_KEEP_WORD, ""},
     {"quit", 3, R_NONE, 0, cmd_quit, "%squit\n", "%squit\n", nullptr, "", 0, "quit"},
 };
 const int command_count = sizeof command_table / sizeof command_table[0];
@@ -270,7 +290,7 @@ static double shown_value(char conv, double v, int mode) {
     case 'y': return mode == MODE_DEBUG ? world_to_dot_y(v) : world_to_grid_y(v);
     case 'X': return v * dots_per_unit_x();
     case 'Y': return v * dots_per_unit_y();
-    case 'H': return fabs(v * dots_per_unit_y());
+    case 'V': return fabs(v * dots_per_unit_y());
     default: return v;
   }
 }
@@ -333,7 +353,7 @@ int dispatch(FILE *stream) {
     case R_READP5: ok = readp5(run_state.ptr); break;
   }
   if (!ok) return 0;
-  if (run_state.run_mode == MODE_CONVERT && (cmd->flags & F_NO_ECHO3)) return 1;
+  if (run_state.run_mode == MODE_CONVERT && (cmd->flags & F_NOT_CONVERTED)) return 1;
   echo_command(*cmd);
   if (run_state.run_mode == MODE_CONVERT && (cmd->flags & F_SKIP_CONVERT)) return 1;
   return cmd->handler(*cmd);

@@ -6,39 +6,7 @@
 
 #include <cstdio>
 
-// How a command's parameters are read (see readers.h).
-enum Reader : int {
-  R_NONE,   // no parameters read
-  R_READP,  // `count` numbers
-  R_READP2, // `count` numbers, then x y data lines up to 9999
-  R_READP3, // `count` numbers, then a text
-  R_READP4, // a file name, then `count` numbers
-  R_READP5, // a file name
-};
-
-// Flags of a table row.
-enum : int {
-  F_SKIP_CONVERT = 1,  // in run mode 3 the echo is all: nothing is drawn
-  F_NO_STEP = 2,       // in run mode 3 skipped without the after-command step
-  F_NO_ECHO3 = 4,      // in run mode 3 not even echoed: it has no output there
-};
-
-struct Command;
-typedef int (*Handler)(const Command &cmd);
-
-struct Command {
-  const char *word;      // the command word
-  int sig;               // significant letters compared
-  Reader reader;
-  int count;             // numbers read
-  Handler handler;       // does the work; reads run_state.param, ptr, fname0
-  const char *echo_debug;    // run mode 1 echo (null: the handler echoes)
-  const char *echo_test;     // run mode 2 echo
-  const char *echo_convert;  // run mode 3 echo (null: echo_test)
-  const char *conv;      // per parameter: x y position, X Y length, - as is
-  int flags;
-  const char *usage;     // the help file's head line for the command
-};
+#include "commands/command.h"
 
 extern const Command command_table[];
 extern const int command_count;

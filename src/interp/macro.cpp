@@ -11,7 +11,6 @@
 #include "core/process.h"
 #include "core/run_state.h"
 #include "interp/calc.h"
-#include "interp/reader.h"
 
 MacroTable vtab;
 [[maybe_unused]] static const int reset_listed = add_reset(reset_macros);
@@ -119,7 +118,7 @@ static std::string substitute_pass(const std::string &text, int text_command) {
 
 int lookup(int mode) {
   RunState &r = run_state;
-  if (mode == 0) {
+  if (mode == LOOKUP_WORD) {
     for (int i = 1; i <= vtab.count; i++) {
       if (strcmp(vtab.entry[i].word, r.cname) == 0) {
         copy_text(r.cname, NAME_SIZE, vtab.entry[i].text);
@@ -128,7 +127,7 @@ int lookup(int mode) {
     }
     return 1;
   }
-  int text_command = is_text_command(r.cname);
+  int text_command = mode == LOOKUP_TEXT;
   std::string once = substitute_pass(r.ptr, text_command);
   std::string twice = substitute_pass(once, text_command);
 

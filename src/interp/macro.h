@@ -32,10 +32,17 @@ int define_macro(const char *text);
 // `undefine WORD`: removes a word; 0 after an error.
 int undefine_macro(const char *text);
 
-// Mode 0: replaces run_state.cname by the first entry equal to it (with case).
-// Mode 1: substitutes (ignoring case, two passes) and evaluates every word of
-// run_state.ptr, writing the values back as "%.4f"; text commands keep all
-// but their first two words. Reports "lookup unevaluate"; 0 after an error.
+// What lookup substitutes.
+enum : int {
+  LOOKUP_WORD = 0,    // run_state.cname, by the first entry equal to it (with case)
+  LOOKUP_PARAMS = 1,  // every word of run_state.ptr
+  LOOKUP_TEXT = 2,    // the first two words of run_state.ptr (a text command's x y)
+};
+
+// LOOKUP_WORD replaces the command word. The others substitute the words
+// (ignoring case, two passes) and evaluate them, writing the values back as
+// "%.4f"; with LOOKUP_TEXT the rest of the text is dropped. Reports "lookup
+// unevaluate"; 0 after an error.
 int lookup(int mode);
 
 #endif

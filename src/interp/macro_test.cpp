@@ -4,15 +4,18 @@
 #include <string>
 
 #include "core/run_state.h"
+#include "interp/commands.h"
 #include "support/test_env.h"
 
 class MacroTest : public TactoTest {
  protected:
-  // Runs the argument look-up on a parameter text for a command word.
+  // Runs the argument look-up on a parameter text for a command word, as
+  // its reader does (text commands look up their first two words only).
   std::string look(const char *command, const char *params) {
     copy_text(run_state.cname, NAME_SIZE, command);
     copy_text(run_state.ptr, LINE_SIZE, params);
-    last_ok_ = lookup(1);
+    const Command *cmd = match_command(command);
+    last_ok_ = lookup(cmd != nullptr && (cmd->flags & F_RAW_TEXT) ? LOOKUP_TEXT : LOOKUP_PARAMS);
     return run_state.ptr;
   }
   int last_ok_ = 0;
@@ -112,10 +115,10 @@ TEST_F(MacroTest, CaseRules) {
   // The command word look-up is exact.
   define_macro("Circ circle");
   copy_text(run_state.cname, NAME_SIZE, "circ");
-  lookup(0);
+  lookup(LOOKUP_WORD);
   EXPECT_STREQ(run_state.cname, "circ");
   copy_text(run_state.cname, NAME_SIZE, "Circ");
-  lookup(0);
+  lookup(LOOKUP_WORD);
   EXPECT_STREQ(run_state.cname, "circle");
 }
 

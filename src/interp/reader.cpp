@@ -46,20 +46,10 @@ int read_line(FILE *stream, char *buf) {
   return 1;
 }
 
-// Compares the first `n` letters of a word with a command, ignoring case.
-static int word_is(const char *word, const char *command, size_t n) {
-  return strlen(word) >= n && strncasecmp(word, command, n) == 0;
-}
-
-int is_text_command(const char *word) {
-  return word_is(word, "brl", 3) || word_is(word, "braille", 3) || word_is(word, "alphanumeric", 3) ||
-         word_is(word, "kanjikana", 4) || word_is(word, "kana", 4);
-}
-
-// Words that keep their command word as written: no macro substitution.
-static int keeps_command_word(const char *word) {
-  return word[0] == '\0' || is_text_command(word) || word_is(word, "define", 3) ||
-         word_is(word, "undefine", 3) || word_is(word, "//", 2);
+// The table's flags of a command word (0 for an unknown word).
+static int flags_of(const char *word) {
+  const Command *cmd = match_command(word);
+  return cmd != nullptr ? cmd->flags : 0;
 }
 
 // Echoes a comment line as it was read, in the echoing modes.
@@ -175,12 +165,13 @@ int interpret(FILE *stream) {
     }
 
     split_line(line);
-    if (!keeps_command_word(r.cname)) lookup(0);
+    if (!(flags_of(r.cname) & (F_RAW_TEXT | F_KEEP_WORD))) lookup(LOOKUP_WORD);
 
     const Command *cmd = nullptr;
-    // `calc` takes its assignment itself ("calc r = 2*pi"), blanks and all.
-    if (strchr(line, '=') != nullptr && !is_text_command(r.cname) && strncmp(line, "//", 2) != 0 &&
-        !word_is(r.cname, "calc", 3)) {
+    // Text commands keep an '=' in their text, and `calc` takes its
+    // assignment itself ("calc r = 2*pi"), blanks and all.
+    if (strchr(line, '=') != nullptr && !(flags_of(r.cname) & (F_RAW_TEXT | F_OWN_ASSIGNMENT)) &&
+        strncmp(line, "//", 2) != 0) {
       copy_text(r.cname, NAME_SIZE, "assign");
       evaluate(line);
     } else {

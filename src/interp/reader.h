@@ -19,8 +19,4 @@ int line_prefix();
 // characters; a longer line continues as the next). 0 at end of input.
 int read_line(FILE *stream, char *buf);
 
-// 1 when the command word is one of the text commands whose text is left
-// alone (brl, braille, alphanumeric: three letters; kanjikana, kana: four).
-int is_text_command(const char *word);
-
 #endif

@@ -10,12 +10,12 @@
 #include "interp/macro.h"
 #include "interp/reader.h"
 
-// Substitutes and evaluates `text` into ptr, then reads n numbers into
-// param[1..n]. `who` names the reader in its message.
-static int read_numbers(const char *text, int n, const char *who) {
+// Substitutes and evaluates `text` into ptr (`mode` as lookup takes it), then
+// reads n numbers into param[1..n]. `who` names the reader in its message.
+static int read_numbers(const char *text, int n, const char *who, int mode = LOOKUP_PARAMS) {
   RunState &r = run_state;
   if (text != r.ptr) copy_text(r.ptr, LINE_SIZE, text);
-  if (!lookup(1)) return 0;
+  if (!lookup(mode)) return 0;
   const char *p = r.ptr;
   for (int i = 1; i <= n && i < PARAM_SIZE; i++) {
     char *end = nullptr;
@@ -39,7 +39,7 @@ int readp2(const char *text, int n, FILE *stream) {
     r.line_number++;
     if (!read_line(stream, line)) return put_error("readp2 data can not read");
     copy_text(r.ptr, LINE_SIZE, line);
-    if (!lookup(1)) return 0;
+    if (!lookup(LOOKUP_PARAMS)) return 0;
     const char *p = r.ptr;
     for (int pos = 1; pos <= 2; pos++) {
       int at = n + 2 * k + pos - 1;
@@ -64,7 +64,7 @@ int readp3(const char *text, int n) {
   RunState &r = run_state;
   char raw[LINE_SIZE];
   copy_text(raw, LINE_SIZE, text);
-  if (!read_numbers(text, n, "readp3")) return 0;
+  if (!read_numbers(text, n, "readp3", LOOKUP_TEXT)) return 0;
   // The text starts after the second blank character of the raw parameters.
   const char *p = raw;
   for (int blanks = 0; blanks < 2 && p != nullptr; blanks++) {

@@ -6,7 +6,7 @@
 
 #include <cstdio>
 
-enum : int { DATA_END = 9999, MAX_PAIRS = 62 };
+#include "commands/command.h"
 
 // n numbers into param[1..n]; "readp illegal param %d in %d" on failure.
 int readp(const char *text, int n);

@@ -159,7 +159,7 @@ TEST_F(PlotTest, AFeedSendsTheCollectedPageFirst) {
   EXPECT_EQ(dmap.has_dots, 0);
   EXPECT_NE(errors().find("print_dmap 0\n"), std::string::npos);
   plot_dot(0, 1, 0);
-  set_mirror(1, 0);  // switching mirroring sends the page in hand, without a feed
+  run_program("mirror 1 0\n");  // switching mirroring sends the page in hand, without a feed
   EXPECT_EQ(emitted().substr(emitted().size() - 12), "\x1b\x1bG\x1b\x1b" "D1" + address(363, 300) + "\r");
   EXPECT_EQ(get_dot(363, 300) * 10 + dmap.has_dots, 30);
 }

@@ -31,7 +31,6 @@
 #include "raster/dmap.h"
 #include "raster/plot.h"
 #include "shell/settings_file.h"
-#include "text/ink.h"
 
 void show_banner() {
   clear_screen();

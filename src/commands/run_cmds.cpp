@@ -1,15 +1,11 @@
 // run_cmds.cpp - commands that act on the run state itself.
-#include "interp/run_cmds.h"
+#include "commands/handlers.h"
 
+#include "commands/command.h"
 #include "core/diag.h"
 #include "core/echo.h"
 #include "core/run_state.h"
 #include "devices/embosser.h"
-#include "geometry/winstack.h"
-#include "interp/calc.h"
-#include "interp/commands.h"
-#include "interp/help.h"
-#include "interp/macro.h"
 #include "platform/platform.h"
 
 int cmd_log(const Command &) {
@@ -18,17 +14,6 @@ int cmd_log(const Command &) {
 }
 
 int cmd_error(const Command &) { return error_list(1); }
-
-int cmd_calc(const Command &) { return calc_command(run_state.ptr); }
-
-int cmd_help(const Command &) {
-  fputs("Enter help mode and redirect to screen\n", run_state.echo_out);
-  fflush(run_state.echo_out);
-  run_state.in_help = 1;
-  help_browser(stackwin.stream != nullptr ? stackwin.stream : stdin);
-  run_state.in_help = 0;
-  return 1;
-}
 
 int cmd_step(const Command &) {
   run_state.step_mode = 1;
@@ -43,7 +28,7 @@ int cmd_nostep(const Command &) {
 int cmd_alarm(const Command &) {
   static const char *const echoes[3] = {"// no alarm!\n", "// alarm when executed or error happen!\n",
                                         "// alarm only when error happen!\n"};
-  int level = trunc_int(run_state.param[1]);
+  int level = iparam(1);
   if (level < 0 || level > 2) {
     beep(220, 150);
     return 0;
@@ -103,10 +88,6 @@ int cmd_version(const Command &) {
   fflush(stderr);
   return 1;
 }
-
-int cmd_define(const Command &) { return define_macro(run_state.ptr); }
-
-int cmd_undefine(const Command &) { return undefine_macro(run_state.ptr); }
 
 int cmd_comment(const Command &) {
   if (echoing()) echo("%s", run_state.line_copy);

@@ -1,11 +1,12 @@
-// ink_test.cpp - the ink-print state commands, the text commands, and the
+// inkprint_test.cpp - the ink-print pen commands, the text commands, and the
 // strokes, paths and axes written instead of dots in ink print.
-#include "text/ink.h"
+#include "devices/inkprint.h"
 
 #include <sstream>
 
 #include "core/run_state.h"
 #include "devices/postscript.h"
+#include "draw/axes.h"
 #include "geometry/page.h"
 #include "raster/plot.h"
 #include "support/test_env.h"
@@ -104,17 +105,14 @@ TEST_F(InkTest, PathCodesMakeOneStrokeAroundLoneDots) {
 
 TEST_F(InkTest, AxesTickEveryMultipleFromTheOriginOnTheSignedSide) {
   open();
-  const double up[8] = {0, 0, 0, -2, 2, 1, 2, 1};  // xaxis 0 0 -2 2 1 2 1: ticks 2 mm up
-  ink_xaxis(up);
+  draw_xaxis(0, 0, -2, 2, 1, 2, 1);  // ticks 2 mm up
   EXPECT_EQ(segments(), "238 420 356 420|238 420 238 426|268 420 268 426|297 420 297 426|"
                         "326 420 326 426|356 420 356 426|");
   open();
-  const double down[8] = {0, 0.5, 0, -1, 1, 1, -2, 1};  // origin 0.5: ticks at -0.5 and 0.5, below
-  ink_xaxis(down);
+  draw_xaxis(0.5, 0, -1, 1, 1, -2, 1);  // origin 0.5: ticks at -0.5 and 0.5, below
   EXPECT_EQ(segments(), "268 420 326 420|282 420 282 414|312 420 312 414|");
   open();
-  const double left[8] = {0, 0, 0, -1, 1, 1, -3, 1};  // yaxis 0 0 -1 1 1 -3 1: ticks 3 mm left
-  ink_yaxis(left);
+  draw_yaxis(0, 0, -1, 1, 1, -3, 1);  // ticks 3 mm left
   EXPECT_EQ(segments(), "297 385 297 456|297 385 289 385|297 420 289 420|297 456 289 456|");
 }
 

@@ -1,8 +1,8 @@
 // draw_testing.h - helpers shared by the drawing tests: a page where one
 // world unit is one millimetre (two dots), and the dots read back from the
 // debug and test traces.
-#ifndef TACTO_DRAW_DRAW_TESTING_H
-#define TACTO_DRAW_DRAW_TESTING_H
+#ifndef TACTO_TESTS_SUPPORT_DRAW_TESTING_H
+#define TACTO_TESTS_SUPPORT_DRAW_TESTING_H
 
 #include <cmath>
 #include <cstdio>

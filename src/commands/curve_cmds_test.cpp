@@ -1,11 +1,11 @@
 // curve_cmds_test.cpp - the curve commands as the interpreter runs them:
 // their echoes in each run mode, the data lists, and what they draw.
-#include "curves/curve_cmds.h"
+#include "commands/handlers.h"
 
 #include <string>
 
 #include "core/run_state.h"
-#include "draw/draw_testing.h"
+#include "support/draw_testing.h"
 
 // On the millimetre page world (x, y) is dot (2x + 190, 2y + 277).
 class CurveCmdsTest : public DrawTest {};

@@ -1,12 +1,12 @@
 // draw_cmds_test.cpp - the drawing commands through the interpreter: their
 // echoes in debug (dots), test (as read) and conversion mode (grid values,
 // nothing drawn), and the parameters reaching the figures.
-#include "draw/draw_cmds.h"
+#include "commands/handlers.h"
 
 #include "core/run_state.h"
 #include "devices/embosser.h"
-#include "draw/draw_testing.h"
 #include "raster/dmap.h"
+#include "support/draw_testing.h"
 #include "support/test_env.h"
 
 class DrawCmdsTest : public TactoTest {
