@@ -14,7 +14,7 @@
 inline void start_print_job() {
   reset_all_state();
   run_state.run_mode = MODE_NORMAL;
-  embosser.printer_output = 1;
+  dmap.printer_mode = 1;
   alloc_dmap();
 }
 

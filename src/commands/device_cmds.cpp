@@ -7,6 +7,7 @@
 #include "devices/bitmap.h"
 #include "devices/embosser.h"
 #include "devices/postscript.h"
+#include "raster/dmap.h"
 
 int cmd_begin(const Command &) {
   begin_job();
@@ -19,12 +20,12 @@ int cmd_end(const Command &) {
 }
 
 int cmd_printer(const Command &) {
-  embosser.printer_output = 1;
+  dmap.printer_mode = 1;
   return 1;
 }
 
 int cmd_plotter(const Command &) {
-  embosser.printer_output = 0;
+  dmap.printer_mode = 0;
   return 1;
 }
 

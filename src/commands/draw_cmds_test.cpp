@@ -113,7 +113,7 @@ TEST_F(DrawCmdsTest, ParametersReachTheFigures) {
 // whole millimetre from -4 to 4 (columns 182 to 198 on row 277).
 TEST_F(DrawCmdsTest, EraserClearsItsRectangleOfTheDotMap) {
   alloc_dmap();
-  embosser.printer_output = 1;
+  dmap.printer_mode = 1;
   run_program("line -4 0 4 0 0.9999\neraser 0 0 0.5 2\n");
   for (int col = 182; col <= 198; col += 2) {
     bool erased = col >= 186 && col <= 194;

@@ -90,11 +90,7 @@ int cmd_mirror(const Command &) {
   int printer = page_geom.printer;
   if ((flag == 0 || flag == 1) && flag != xform.mirror_on && (printer == ESA721 || printer == ESA600G)) {
     // The page in hand was drawn the other way round: send it first.
-    if (dmap.in_use && dmap.has_dots) {
-      print_dmap();
-      clear_dmap();
-      dmap.has_dots = 0;
-    }
+    flush_page();
     if (printer == ESA721) {
       int target = run_state.output_target;
       if (flag == 1) {

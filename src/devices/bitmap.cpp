@@ -7,6 +7,8 @@
 #include "core/process.h"
 #include "devices/postscript.h"
 #include "geometry/page.h"
+#include "raster/dmap.h"
+#include "raster/sink.h"
 
 BitmapState bmp;
 [[maybe_unused]] static const int reset_listed = add_reset(reset_bitmap);
@@ -140,3 +142,46 @@ int bmp_write(const char *name) {
   if (fclose(f) != 0) failed = 1;
   return failed ? 1 : 0;
 }
+
+void bmp_start() {
+  if (dmap.in_use) free_dmap();
+  dmap.printer_mode = 0;
+  bmp.active = 1;
+}
+
+void bmp_stop() {
+  bmp.active = 0;
+  bmp_free();
+}
+
+// The bitmap as an output: it takes every dot while a picture is made, like
+// PostScript, and the picture is one sheet: feeds end nothing.
+static int take_dot(const SinkDot &d, int taken) {
+  if (taken || !bmp.active) return 0;
+  if (d.grid) {
+    if (dmap.in_use) return 0;
+    bmp_plot0(d.row, d.col);
+    return 1;
+  }
+  if (dmap.in_use) put_dot(d.row, d.col, d.size);
+  else bmp_plot(d.wx, d.wy, d.size);
+  return 1;
+}
+
+static int take_quietly(const SinkDot &, int taken) { return !taken && bmp.active; }
+
+static int take_size(int *, int taken) { return !taken && bmp.active; }
+
+static int take_feed(int taken) { return !taken && bmp.active; }
+
+static int send_map(int taken) {
+  if (taken || !bmp.active) return 0;
+  each_map_dot(bmp_cell);
+  return 1;
+}
+
+static int drawing() { return bmp.active; }
+
+static const Sink kBitmapSink = {"bitmap", RANK_BITMAP, take_dot, take_quietly, take_size, take_feed, send_map,
+                                 drawing};
+[[maybe_unused]] static const int sink_listed = add_sink(&kBitmapSink);

@@ -1,5 +1,6 @@
 // bitmap.h - a monochrome picture of the embossed sheet: an A4 page at twice
-// the PostScript resolution, written as a one-bit BMP file.
+// the PostScript resolution, written as a one-bit BMP file. While it is made
+// the bitmap is an output sink (raster/sink.h).
 #ifndef TACTO_DEVICES_BITMAP_H
 #define TACTO_DEVICES_BITMAP_H
 
@@ -29,6 +30,13 @@ int bmp_alloc();
 
 // Frees the page (bitmap output stays as it is).
 void bmp_free();
+
+// Bitmap output on: every dot is drawn as it comes (the dot map is freed
+// and printer mode left).
+void bmp_start();
+
+// Bitmap output off, and the page freed.
+void bmp_stop();
 
 // Blackens one pixel; 1 when the index lies outside the page (ignored).
 int bmp_set_pixel(long index);

@@ -1,5 +1,6 @@
 // embosser.cpp - embosser byte streams: plotter mode, dot addresses, sizes,
-// form feeds and whole pages sent from the dot map.
+// form feeds and whole pages sent from the dot map; the embosser as the
+// last of the output sinks, and the copies of a print run.
 #include "devices/embosser.h"
 
 #include <cstdarg>
@@ -8,11 +9,11 @@
 #include "core/diag.h"
 #include "core/process.h"
 #include "core/run_state.h"
-#include "devices/bitmap.h"
-#include "devices/postscript.h"
 #include "geometry/page.h"
+#include "geometry/transform.h"
 #include "raster/dmap.h"
 #include "raster/plot.h"
+#include "raster/sink.h"
 
 Embosser embosser;
 [[maybe_unused]] static const int reset_listed = add_reset(reset_embosser);
@@ -31,8 +32,8 @@ int emit(const char *text, int length) {
 }
 
 // Writes formatted text to the embosser.
-static void emitf(const char *format, ...) __attribute__((format(printf, 1, 2)));
-static void emitf(const char *format, ...) {
+static void emit_formatted(const char *format, ...) __attribute__((format(printf, 1, 2)));
+static void emit_formatted(const char *format, ...) {
   char buf[128];
   va_list ap;
   va_start(ap, format);
@@ -42,8 +43,8 @@ static void emitf(const char *format, ...) {
   if (n > 0) emit(buf, n);
 }
 
-// Plotter mode switches are silent in traces and in PostScript output.
-static int silent() { return ps.active || bmp.active || run_state.run_mode != MODE_NORMAL; }
+// Plotter-mode switches send no bytes while a picture is drawn or a trace runs.
+static int no_mode_bytes() { return picture_output() || run_state.run_mode != MODE_NORMAL; }
 
 // Everest-D set-up values per paper: LS, CH, LP.
 struct EverestRow {
@@ -58,60 +59,58 @@ static void send_everest_setup() {
   const EverestRow *row = &everest_rows[2];
   for (const EverestRow &r : everest_rows)
     if (r.paper == g.paper) row = &r;
-  emitf("%cDBT%d,TD%d,DP%d,LS%d,TM%d,BI%d,CH%d,LP%d;\n", 27, 0, 0, 1, row->ls, 1, 2, row->ch, row->lp);
+  emit_formatted("%cDBT%d,TD%d,DP%d,LS%d,TM%d,BI%d,CH%d,LP%d;\n", 27, 0, 0, 1, row->ls, 1, 2, row->ch, row->lp);
   double width = (g.p.x1 - g.p.x0) * pitch_x();
   double height = (g.p.y1 - g.p.y0) * pitch_y();
-  emitf("%cFOR%.2f:%.2f,WX%.2f,HY%.2f;\n", 27, 0.0, 0.0, width, height);
+  emit_formatted("%cFOR%.2f:%.2f,WX%.2f,HY%.2f;\n", 27, 0.0, 0.0, width, height);
 }
 
 void enter_plotter_mode() {
-  if (!silent() && !embosser.plotter_mode) {
+  if (!no_mode_bytes() && !embosser.plotter_mode) {
     if (page_geom.printer == EVEREST_D) {
       if (!embosser.everest_setup_sent) {
         send_everest_setup();
         embosser.everest_setup_sent = 1;
       }
     } else {
-      emitf("%c%c%c", 27, 27, 'G');
+      emit_formatted("%c%c%c", 27, 27, 'G');
     }
   }
   embosser.plotter_mode = 1;
 }
 
 void leave_plotter_mode() {
-  if (!silent() && embosser.plotter_mode && page_geom.printer != EVEREST_D) emitf("%c", 13);
+  if (!no_mode_bytes() && embosser.plotter_mode && page_geom.printer != EVEREST_D) emit_formatted("%c", 13);
   embosser.plotter_mode = 0;
 }
 
 void emit_dot_address(int row, int col) {
-  emitf("%c%c%c%c", col / 32 + 32, col % 32 + 96, row / 32 + 32, row % 32 + 64);
+  emit_formatted("%c%c%c%c", col / 32 + 32, col % 32 + 96, row / 32 + 32, row % 32 + 64);
 }
 
 void emit_move(int row, int col) {
-  emitf("%c", 29);
+  emit_formatted("%c", 29);
   emit_dot_address(row, col);
 }
 
 void emit_everest_dot(int dx, int dy) {
   // x is measured from the right edge of the sheet.
-  emitf("%.2f:%.2f\n", (page_geom.p.x1 - dx) * pitch_x(), dy * pitch_y());
+  emit_formatted("%.2f:%.2f\n", (page_geom.p.x1 - dx) * pitch_x(), dy * pitch_y());
 }
 
 void send_dot_size(int code) {
-  plot_state.dot_size = code;
-  if (ps.active) return;
   enter_plotter_mode();
-  emitf("%c%cD%d", 27, 27, code);
+  emit_formatted("%c%cD%d", 27, 27, code);
 }
 
 void send_form_feed() {
   leave_plotter_mode();
   if (run_state.run_mode != MODE_NORMAL) return;  // traces carry no page bytes
   switch (page_geom.printer) {
-    case ESA721: emitf("%c", 12); break;
-    case ESA600G: emitf("%c%c", 12, 10); break;
+    case ESA721: emit_formatted("%c", 12); break;
+    case ESA600G: emit_formatted("%c%c", 12, 10); break;
     default:
-      emitf(";%c%c", 12, 10);
+      emit_formatted(";%c%c", 12, 10);
       embosser.everest_setup_sent = 0;
       break;
   }
@@ -130,48 +129,98 @@ static int scan_row(int row, int size, int left_to_right) {
   return found;
 }
 
-// The page as PostScript circles or bitmap dots (the image jobs' printer mode).
-static void dmap_to_picture() {
-  for (int row = dmap.row_min; row <= dmap.row_max; row++)
-    for (int col = dmap.col_min; col <= dmap.col_max; col++) {
-      int v = get_dot(row, col);
-      if (v == 3) continue;
-      if (ps.active) ps_dot(row, col, v);
-      else bmp_cell(row, col, v);
-    }
-}
-
-int print_dmap() {
-  if (!dmap.in_use) return put_error("no dot map");
-  fprintf(stderr, "print_dmap %d\n", page_geom.printer);
-  int size_in_force = plot_state.dot_size;
+// The page collected in the dot map: dot by dot, a size at a time. The
+// ESA721's head sweeps back and forth along each row; the ESA600G takes
+// each size over the whole page. The Everest-D takes no map.
+static int send_map(int taken) {
+  if (taken) return 0;
   static const int sizes[3] = {1, 0, 2};
-  if (ps.active || bmp.active) {
-    dmap_to_picture();
-  } else {
-    enter_plotter_mode();
-    if (page_geom.printer == ESA721) {
-      int left_to_right = 1;  // the head sweeps back and forth
+  enter_plotter_mode();
+  if (page_geom.printer == ESA721) {
+    int left_to_right = 1;
+    for (int row = dmap.row_min; row <= dmap.row_max; row++)
+      for (int size : sizes)
+        if (scan_row(row, size, left_to_right)) left_to_right = !left_to_right;
+  } else if (page_geom.printer == ESA600G) {
+    for (int size : sizes) {
+      int first = 1;
       for (int row = dmap.row_min; row <= dmap.row_max; row++)
-        for (int size : sizes)
-          if (scan_row(row, size, left_to_right)) left_to_right = !left_to_right;
-    } else if (page_geom.printer == ESA600G) {
-      for (int size : sizes) {
-        int first = 1;
-        for (int row = dmap.row_min; row <= dmap.row_max; row++)
-          for (int col = dmap.col_min; col <= dmap.col_max; col++) {
-            if (get_dot(row, col) != size) continue;
-            if (first) send_dot_size(size);
-            first = 0;
-            emit_dot_address(row, col);
-          }
-      }
+        for (int col = dmap.col_min; col <= dmap.col_max; col++) {
+          if (get_dot(row, col) != size) continue;
+          if (first) send_dot_size(size);
+          first = 0;
+          emit_dot_address(row, col);
+        }
     }
   }
-  plot_state.dot_size = size_in_force;
-  dmap.row_lo = page_geom.p.y1;
-  dmap.row_hi = 0;
   return 1;
+}
+
+// The embosser's own dot: an address, or on the Everest-D a millimetre line.
+static void emboss(const SinkDot &d) {
+  enter_plotter_mode();
+  if (page_geom.printer == EVEREST_D) emit_everest_dot(d.dx, d.dy);
+  else emit_dot_address(d.row, d.col);
+}
+
+// Whatever no other output took. A figure's dot is embossed in plotter mode
+// without a map (in printer mode it belongs to the map, and is lost without
+// one); a path end is a position only.
+static int take_dot(const SinkDot &d, int taken) {
+  if (taken) return 0;
+  if (d.grid || (d.kind != PATH_END && !dmap.printer_mode && !dmap.in_use)) emboss(d);
+  return 1;
+}
+
+static int take_move(const SinkDot &to, int taken) {
+  if (taken) return 0;
+  enter_plotter_mode();
+  emit_move(to.row, to.col);
+  return 1;
+}
+
+// The ESA600G has its own codes for the sizes, another set when mirrored.
+// The code is sent at once only when the page is embossed as drawn.
+static int take_size(int *code, int taken) {
+  if (taken) return 0;
+  if (page_geom.printer == ESA600G) {
+    static const int plain[3] = {3, 1, 2}, mirrored[3] = {6, 4, 5};
+    *code = xform.mirror_on ? mirrored[*code] : plain[*code];
+  }
+  if (run_state.run_mode == MODE_NORMAL && !dmap.in_use) send_dot_size(*code);
+  return 1;
+}
+
+static int take_feed(int taken) {
+  if (taken) return 0;
+  send_form_feed();
+  return 1;
+}
+
+static const Sink kEmbosserSink = {"embosser", RANK_EMBOSSER, take_dot, take_move, take_size, take_feed,
+                                   send_map, nullptr};
+[[maybe_unused]] static const int sink_listed = add_sink(&kEmbosserSink);
+
+void begin_copy(FILE *out, int printer_mode) {
+  embosser.out = out;
+  if (printer_mode) {
+    alloc_dmap();
+    dmap.printer_mode = 1;
+  }
+  embosser.everest_setup_sent = 0;  // every copy starts with the set-up lines
+  embosser.plotter_mode = 0;
+}
+
+void end_copy(int printer_mode) {
+  if (printer_mode) {
+    // The last page, unless the program's own feed has sent it already:
+    // an empty sheet would only waste paper.
+    if (dmap.has_dots && plot_state.feeds_suppressed) flush_page();
+    else if (dmap.has_dots) page_feed(2);
+    free_dmap();
+    dmap.printer_mode = 0;
+  }
+  embosser.out = stdout;
 }
 
 void begin_job() {

@@ -1,5 +1,7 @@
 // embosser.h - the byte streams of the three graphics embossers: plotter
-// mode, dot addresses, dot sizes, form feeds and whole pages from the dot map.
+// mode, dot addresses, dot sizes, form feeds and whole pages from the dot
+// map. The embosser is the last output sink: it takes what no other output
+// took (raster/sink.h).
 #ifndef TACTO_DEVICES_EMBOSSER_H
 #define TACTO_DEVICES_EMBOSSER_H
 
@@ -11,7 +13,6 @@ struct Embosser {
   int output_suppressed;  // 1: nothing is written but emit reports 1
   int plotter_mode;       // the enter sequence was sent
   int everest_setup_sent; // the Everest-D set-up block was sent
-  int printer_output;     // set by `printer`, cleared by `plotter`
   int job_open;           // begin ... end
 };
 extern Embosser embosser;
@@ -41,11 +42,17 @@ void send_dot_size(int code);
 // The printer's page end, after leaving plotter mode.
 void send_form_feed();
 
-// Sends the page collected in the dot map; 0 with "no dot map".
-int print_dmap();
-
 // begin / end of an embosser job.
 void begin_job();
 void end_job();
+
+// A copy of a print run starts: bytes go to `out`, the Everest-D set-up is
+// sent afresh, and in printer mode the pages are collected in a dot map.
+void begin_copy(FILE *out, int printer_mode);
+
+// The copy ends: in printer mode the last page goes out (with its feed
+// unless feeds are suppressed; not at all when empty) and the map is freed;
+// bytes go to standard output again.
+void end_copy(int printer_mode);
 
 #endif

@@ -90,14 +90,14 @@ TEST_F(InkTest, LinesAreStrokesInTheLastChosenColourCutToTheWindow) {
 
 TEST_F(InkTest, PathCodesMakeOneStrokeAroundLoneDots) {
   open();
-  ps_plot(0, 0, PATH_START);
-  ps_plot(1, 0, PATH_ON);
-  ps_plot(2, 0, 4);         // a lone dot breaks the stroke ...
-  ps_plot(3, 0, PATH_END);  // ... which picks up at its last point
-  ps_plot(0, 0, PATH_END);  // an end without a start draws nothing
-  ps_plot(0, 0, PATH_ON);   // a continuation without a start begins one
-  ps_flush();               // and the command's end strokes it
-  ps_plot(1, 0, 0);         // a plain dot is tactile only: nothing in ink
+  ps_plot(0, 0, PATH_START, 0);
+  ps_plot(1, 0, PATH_ON, 0);
+  ps_plot(2, 0, 4, 0);         // a lone dot breaks the stroke ...
+  ps_plot(3, 0, PATH_END, 0);  // ... which picks up at its last point
+  ps_plot(0, 0, PATH_END, 0);  // an end without a start draws nothing
+  ps_plot(0, 0, PATH_ON, 0);   // a continuation without a start begins one
+  ps_flush();                  // and the command's end strokes it
+  ps_plot(1, 0, 0, 0);         // a plain dot is tactile only: nothing in ink
   const std::string start = "\n1.00 setlinewidth\n0.00 setgray\n1 setlinejoin\n0 setlinecap\n";
   EXPECT_EQ(written(), start + "297 420 moveto\n326 420 lineto\nstroke\n\n356 420 1 0 360 arc fill stroke\n" +
                            "326 420 moveto\n385 420 lineto\nstroke\n" + start + "297 420 moveto\nstroke\n");

@@ -4,16 +4,19 @@
 // ink print the pen and the strokes that plot_dot's path codes make.
 #include "devices/postscript.h"
 
+#include <climits>
 #include <cmath>
 #include <cstdarg>
 
 #include "core/diag.h"
 #include "core/process.h"
 #include "core/run_state.h"
+#include "devices/embosser.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
 #include "platform/platform.h"
-#include "raster/plot.h"
+#include "raster/dmap.h"
+#include "raster/sink.h"
 
 PsState ps;
 InkState ink;
@@ -244,11 +247,11 @@ void ps_point_from_dot(int row, int col, int *x, int *y) {
   *y = scale_point(v, p.y0, p.y1, b.y0, b.y1);
 }
 
-void ps_plot(double wx, double wy, int kind) {
+void ps_plot(double wx, double wy, int kind, int size) {
   if (!ps.active) return;
   int x, y;
   ps_point_from_world(wx, wy, &x, &y);
-  int r = plot_state.dot_size + 1;
+  int r = size + 1;
   if (!ps.ink_print) {
     if (xform.mirror_on) ps_printf("%d %d %d 0 360 arc stroke\n", x, y, r);
     else if (kind != PATH_END) ps_printf("%d %d %d 0 360 arc fill stroke\n", x, y, r);
@@ -287,3 +290,55 @@ void ps_dot(int row, int col, int size) {
   if (xform.mirror_on) ps_printf("%d %d %d 0 360 arc stroke\n", x, y, size + 1);
   else ps_printf("%d %d %d 0 360 arc fill stroke\n", x, y, size + 1);
 }
+
+void ps_next_page() {
+  if (ps.page_counter < INT_MAX) ps.page_counter++;  // `page` may have set it very high
+  ps.page_start_pending = 1;
+}
+
+// PostScript as an output: it takes every dot while a document is open.
+// The first dot of a page writes the pending page start. While a dot map is
+// in use (the image job's printer mode) the dots of figures go into it, to
+// be sent as circles at the page end, and a Braille cell's dot goes on down
+// the sinks.
+static int take_dot(const SinkDot &d, int taken) {
+  if (taken || !ps.active) return 0;
+  if (d.grid) {
+    if (dmap.in_use) return 0;
+    // A pending page start is written instead of the dot.
+    if (ps.page_start_pending) ps_flush_page_start();
+    else ps_plot0(d.row, d.col);
+    return 1;
+  }
+  ps_flush_page_start();
+  if (dmap.in_use) {
+    put_dot(d.row, d.col, d.size);
+    return 1;
+  }
+  leave_plotter_mode();
+  ps_plot(d.wx, d.wy, d.kind, d.size);
+  return 1;
+}
+
+// Moves and sizes are taken and leave no trace in the document.
+static int take_quietly(const SinkDot &, int taken) { return !taken && ps.active; }
+
+static int take_size(int *, int taken) { return !taken && ps.active; }
+
+static int take_feed(int taken) {
+  if (taken || !ps.active) return 0;
+  ps_next_page();
+  return 1;
+}
+
+static int send_map(int taken) {
+  if (taken || !ps.active) return 0;
+  each_map_dot(ps_dot);
+  return 1;
+}
+
+static int drawing() { return ps.active; }
+
+static const Sink kPostScriptSink = {"PostScript", RANK_POSTSCRIPT, take_dot, take_quietly, take_size, take_feed,
+                                     send_map, drawing};
+[[maybe_unused]] static const int sink_listed = add_sink(&kPostScriptSink);

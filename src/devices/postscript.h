@@ -1,6 +1,7 @@
 // postscript.h - the PostScript document: tactile (every dot a circle) or
 // ink print (lines, colour and text, drawn with the ink-print pen), always
-// an A4 portrait page.
+// an A4 portrait page. While a document is open it is the first output sink
+// (raster/sink.h).
 #ifndef TACTO_DEVICES_POSTSCRIPT_H
 #define TACTO_DEVICES_POSTSCRIPT_H
 
@@ -93,11 +94,15 @@ void ps_point_from_world(double wx, double wy, int *x, int *y);
 // Page point of a dot-map cell.
 void ps_point_from_dot(int row, int col, int *x, int *y);
 
-// A dot of plot_dot (world point, path code) and of plot0 (device cell).
-void ps_plot(double wx, double wy, int kind);
+// A dot of plot_dot (world point, path code, size code) and of plot0
+// (device cell).
+void ps_plot(double wx, double wy, int kind, int size);
 void ps_plot0(int row, int col);
 
 // One dot of the dot map as a circle of the stored size.
 void ps_dot(int row, int col, int size);
+
+// A page ends: the next page is counted, and started by the next dot.
+void ps_next_page();
 
 #endif

@@ -81,7 +81,7 @@ TEST_F(PostscriptTest, CircleRadiusBySizeAndSource) {
   ps_plot0(395, 300);
   ps_dot(0, 0, 1);
   xform.mirror_on = 1;
-  ps_plot(0, 0, 3);
+  ps_plot(0, 0, 3, plot_state.dot_size);
   ps_plot0(395, 300);
   ps_dot(395, 300, 0);
   ps_close();

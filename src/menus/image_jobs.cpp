@@ -8,7 +8,6 @@
 #include "core/process.h"
 #include "core/run_state.h"
 #include "devices/bitmap.h"
-#include "devices/embosser.h"
 #include "devices/postscript.h"
 #include "geometry/winstack.h"
 #include "interp/reader.h"
@@ -56,7 +55,7 @@ int make_postscript(const char *program, const char *output, int ink_print, int 
     fclose(in);
     return 0;
   }
-  bmp.active = 0;
+  bmp_stop();
   // Ink print draws lines and text, which a map of dots cannot hold.
   int collect = printer_mode && !ink_print;
   if (collect) alloc_dmap();
@@ -64,13 +63,8 @@ int make_postscript(const char *program, const char *output, int ink_print, int 
   fclose(in);
   if (collect && dmap.in_use) {
     // The last page from the map, then its feed.
-    if (dmap.has_dots) {
-      print_dmap();
-      clear_dmap();
-      dmap.has_dots = 0;
-    }
-    ps.page_counter++;
-    ps.page_start_pending = 1;
+    flush_page();
+    ps_next_page();
   }
   if (dmap.in_use) free_dmap();
   ps_close();
@@ -99,9 +93,7 @@ int make_bitmap(const char *program, const char *output) {
   }
   fclose(probe);
   if (ps.active) ps_close();
-  if (dmap.in_use) free_dmap();
-  embosser.printer_output = 0;
-  bmp.active = 1;
+  bmp_start();
   run_whole_program(in, program);
   fclose(in);
   int ok = 1;
@@ -109,8 +101,7 @@ int make_bitmap(const char *program, const char *output) {
   else fprintf(stderr, "\nBitmap file [%s] was generated\n", output);
   run_state.error_count = 0;
   run_state.warning_count = 0;
-  bmp.active = 0;
-  bmp_free();
+  bmp_stop();
   return ok;
 }
 

@@ -15,8 +15,6 @@
 #include "interp/reader.h"
 #include "menus/console_io.h"
 #include "platform/platform.h"
-#include "raster/dmap.h"
-#include "raster/plot.h"
 
 PrintScreen print_screen_state;
 [[maybe_unused]] static const int reset_listed = add_reset(reset_print_screen);
@@ -118,34 +116,15 @@ static int print_copy(const char *program, const char *output, int printer_mode)
     fclose(in);
     return not_open("output [%s] was not open", output, "press any key ? ");
   }
-  embosser.out = out;
+  begin_copy(out, printer_mode);
   r.print_out = out;
-  if (printer_mode) {
-    alloc_dmap();
-    embosser.printer_output = 1;
-  }
-  embosser.everest_setup_sent = 0;  // every copy starts with the set-up lines
-  embosser.plotter_mode = 0;
   r.run_aborted = 0;
   interpret(in);
   if (r.log_on) log_list(2);
   if (ps.active) ps_close();
   fclose(in);
-  if (printer_mode) {
-    // The last page, unless the program's own feed has sent it already:
-    // an empty sheet would only waste paper.
-    if (dmap.has_dots && plot_state.feeds_suppressed) {
-      print_dmap();
-      clear_dmap();
-      dmap.has_dots = 0;
-    } else if (dmap.has_dots) {
-      page_feed(2);
-    }
-    free_dmap();
-    embosser.printer_output = 0;
-  }
+  end_copy(printer_mode);
   fclose(out);
-  embosser.out = stdout;
   r.print_out = nullptr;
   r.echo_out = r.std_out;
   return 1;

@@ -1,4 +1,4 @@
-// dmap.cpp - the dot map, the gap rule and the erasers.
+// dmap.cpp - the dot map, the gap rule, the erasers and the page send-off.
 #include "raster/dmap.h"
 
 #include <cstdlib>
@@ -9,10 +9,21 @@
 #include "core/run_state.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
-#include "raster/plot.h"
+#include "raster/sink.h"
 
 DotMap dmap;
-[[maybe_unused]] static const int reset_listed = add_reset(reset_dmap);
+
+// The map as an output: it takes the dots of figures in printer mode, and
+// Braille cells whenever it is in use. A path end is a position only.
+static int collect_dot(const SinkDot &d, int taken) {
+  if (taken || !dmap.in_use) return 0;
+  if (!d.grid && (d.kind == PATH_END || !dmap.printer_mode)) return 0;
+  put_dot(d.row, d.col, d.size);
+  return 1;
+}
+
+static const Sink kDotMapSink = {"dot map", RANK_DOT_MAP, collect_dot, nullptr, nullptr, nullptr, nullptr, nullptr};
+[[maybe_unused]] static const int reset_listed = add_reset(reset_dmap) + add_sink(&kDotMapSink);
 
 void reset_dmap() {
   if (dmap.rows != nullptr) free_dmap();
@@ -114,7 +125,7 @@ static void clamp_range(int centre, long long radius, int lo, int hi, int *from,
   *to = static_cast<int>(b > hi ? hi : b);
 }
 
-int put_dot(int row, int col) {
+int put_dot(int row, int col, int size_code) {
   if (!dmap.in_use) return 0;
   if (row < dmap.row_min || row > dmap.row_max) {
     return put_errorf("overflow x %d put_dot(%d, %d)", row, dmap.row_min, dmap.row_max);
@@ -122,9 +133,9 @@ int put_dot(int row, int col) {
   if (col < dmap.col_min || col > dmap.col_max) {
     return put_errorf("overflow y %d put_dot(%d, %d)", col, dmap.col_min, dmap.col_max);
   }
-  int size = plot_state.dot_size & 3;
+  int size = size_code & 3;
   if (dmap.gap_flag == 0) {
-    set_dot(row, col, plot_state.dot_size);
+    set_dot(row, col, size_code);
   } else {
     long long gr = dmap.gap_rows, gc = dmap.gap_cols, limit = gr * gc;
     int occupied = 0;
@@ -149,10 +160,34 @@ int put_dot(int row, int col) {
         }
       }
     }
-    if (dmap.gap_value < 0 && !occupied) set_dot(row, col, plot_state.dot_size);
+    if (dmap.gap_value < 0 && !occupied) set_dot(row, col, size_code);
   }
   dmap.has_dots = 1;
   return 1;
+}
+
+void each_map_dot(void (*put)(int row, int col, int size)) {
+  for (int row = dmap.row_min; row <= dmap.row_max; row++)
+    for (int col = dmap.col_min; col <= dmap.col_max; col++) {
+      int v = cell(row, col);
+      if (v != 3) put(row, col, v);
+    }
+}
+
+int print_dmap() {
+  if (!dmap.in_use) return put_error("no dot map");
+  fprintf(stderr, "print_dmap %d\n", page_geom.printer);
+  offer_map();
+  dmap.row_lo = page_geom.p.y1;
+  dmap.row_hi = 0;
+  return 1;
+}
+
+void flush_page() {
+  if (!dmap.in_use || !dmap.has_dots) return;
+  print_dmap();
+  clear_dmap();
+  dmap.has_dots = 0;
 }
 
 void reset_gap() {

@@ -41,7 +41,7 @@ TEST_F(DmapTest, FourTwoBitCellsAByte) {
 }
 
 TEST_F(DmapTest, OutOfRangeCellsAreReported) {
-  EXPECT_EQ(set_dot(791, 0, 1) + set_dot(0, 0, 7) + put_dot(0, -1) + put_dot(800, 0), 0);
+  EXPECT_EQ(set_dot(791, 0, 1) + set_dot(0, 0, 7) + put_dot(0, -1, 0) + put_dot(800, 0, 0), 0);
   EXPECT_EQ(get_dot(-1, 3) + get_dot(3, 600), 6);
   std::string e = errors();
   for (const char *m : {"overflow set_dot (791, 0)", "illegal size 7 set_dot(0-6)", "overflow x get_dot(-1, 3)",
@@ -69,13 +69,13 @@ TEST_F(DmapTest, GapRadiiTakeThePitchesCrosswise) {
 TEST_F(DmapTest, NegativeGapDropsADotWhereThereIsNoRoom) {
   plot_state.dot_size = 1;
   set_gap(1, -1.0);  // radii 2 rows and 3 columns, distance squared up to 6
-  put_dot(100, 100);
-  put_dot(101, 102);  // 1 + 4 <= 6: occupied, dropped
-  put_dot(100, 103);  // 9 > 6: placed
+  put_dot(100, 100, plot_state.dot_size);
+  put_dot(101, 102, plot_state.dot_size);  // 1 + 4 <= 6: occupied, dropped
+  put_dot(100, 103, plot_state.dot_size);  // 9 > 6: placed
   set_gap(1, -1.5);   // radii 4 and 4: a distance of exactly 4 counts as near
-  put_dot(200, 200);
-  put_dot(204, 200);
-  put_dot(200, 205);
+  put_dot(200, 200, plot_state.dot_size);
+  put_dot(204, 200, plot_state.dot_size);
+  put_dot(200, 205, plot_state.dot_size);
   EXPECT_EQ(dots(), "100,100=1 100,103=1 200,200=1 200,205=1 ");
 }
 
@@ -85,7 +85,7 @@ TEST_F(DmapTest, PositiveGapClearsAMarginAroundTheNewDot) {
   set_dot(98, 100, 0);  // 4 + 1 <= 6: cleared
   set_dot(100, 98, 0);  // 9 > 6: kept although inside the column radius
   set_gap(1, 1.0);
-  put_dot(100, 101);
+  put_dot(100, 101, plot_state.dot_size);
   EXPECT_EQ(dots(), "100,98=0 100,101=2 ");
   EXPECT_EQ(dmap.has_dots, 1);
 }
@@ -94,14 +94,14 @@ TEST_F(DmapTest, ZeroGapValueOnlyPlacesAndGapTwoOnlyClears) {
   plot_state.dot_size = 1;
   set_dot(10, 11, 0);
   set_gap(1, 0.5);  // value 0, radius 1 row and 1 column
-  put_dot(10, 10);
+  put_dot(10, 10, plot_state.dot_size);
   EXPECT_EQ(dots(), "10,10=1 10,11=0 ");
   set_gap(2, 1.0);
-  put_dot(10, 10);
+  put_dot(10, 10, plot_state.dot_size);
   EXPECT_EQ(dots(), "");
   set_gap(2, -1.0);  // clears around, then the centre gets its dot
   set_dot(11, 10, 0);
-  put_dot(10, 10);
+  put_dot(10, 10, plot_state.dot_size);
   EXPECT_EQ(dots(), "10,10=1 ");
 }
 

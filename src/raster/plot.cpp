@@ -1,16 +1,9 @@
-// plot.cpp - plot_dot and plot0 choose the dot's output in one place:
-// PostScript, bitmap, debug trace, test trace, dot map or embosser.
+// plot.cpp - plot_dot and plot0 make every dot and hand it to the output
+// sinks; moves, dot sizes and feeds go to them from here too.
 #include "raster/plot.h"
 
-#include <climits>
-
 #include "core/diag.h"
-#include "core/echo.h"
 #include "core/process.h"
-#include "core/run_state.h"
-#include "devices/bitmap.h"
-#include "devices/embosser.h"
-#include "devices/postscript.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
 #include "raster/dmap.h"
@@ -20,99 +13,46 @@ PlotState plot_state;
 
 void reset_plot() { plot_state = PlotState(); }
 
-// The embosser's own dot for a grid dot: an address, or a millimetre line.
-static void emboss(int dx, int dy, int row, int col) {
-  enter_plotter_mode();
-  if (page_geom.printer == EVEREST_D) emit_everest_dot(dx, dy);
-  else emit_dot_address(row, col);
-}
-
 int plot_dot(double wx, double wy, int kind) {
   transform_point(&wx, &wy);
+  SinkDot d{0, wx, wy, 0, 0, 0, 0, kind, plot_state.dot_size, 0};
   DotPos pos;
-  if (!map_plot(wx, wy, &pos)) return 0;
+  if (!map_plot(wx, wy, &pos)) {
+    d.dropped = 1;  // outside the window or the frame: only watching sinks see it
+    offer_dot(d);
+    return 0;
+  }
   if (plot_state.pattern_on && !next_design(1)) return 1;
-
-  if (ps.active) {
-    ps_flush_page_start();
-    if (dmap.in_use) {
-      put_dot(pos.row, pos.col);
-      return 1;
-    }
-    leave_plotter_mode();
-    ps_plot(wx, wy, kind);
-    return 1;
-  }
-  if (bmp.active) {
-    if (dmap.in_use) put_dot(pos.row, pos.col);
-    else bmp_plot(wx, wy, plot_state.dot_size);
-    return 1;
-  }
-  switch (run_state.run_mode) {
-    case MODE_DEBUG:
-      leave_plotter_mode();
-      echo("   Plot %d %d %d\n", pos.dx, pos.dy, kind);
-      return 1;
-    case MODE_TEST:
-      leave_plotter_mode();
-      echo("   plot %.3f %.3f %d\n", wx, wy, kind);
-      return 1;
-    default:
-      break;
-  }
-  if (kind == PATH_END) return 1;
-  if (embosser.printer_output && dmap.in_use) put_dot(pos.row, pos.col);
-  else if (!embosser.printer_output && !dmap.in_use) emboss(pos.dx, pos.dy, pos.row, pos.col);
+  d.dx = pos.dx;
+  d.dy = pos.dy;
+  d.row = pos.row;
+  d.col = pos.col;
+  offer_dot(d);
   return 1;
 }
 
 int plot0(int dx, int dy) {
+  SinkDot d{1, dot_to_world_x(dx), dot_to_world_y(dy), dx, dy, 0, 0, PATH_DOT, plot_state.dot_size, 0};
   const IntRect &f = page_geom.f;
   if (dx < f.x0 || dx > f.x1) {
-    return put_warningf("plot0 x0: %d (%d, %d)\n", dx, f.x0, f.x1);
-  }
-  if (dy < f.y0 || dy > f.y1) {
-    return put_warningf("plot0 y0: %d (%d, %d)\n", dy, f.y0, f.y1);
-  }
-  int row, col;
-  dot_to_device(dx, dy, &row, &col);
-  if (ps.active && !dmap.in_use) {
-    // A pending page start is written instead of the dot.
-    if (ps.page_start_pending) ps_flush_page_start();
-    else ps_plot0(row, col);
-  } else if (bmp.active && !dmap.in_use) {
-    bmp_plot0(row, col);
-  } else if (run_state.run_mode == MODE_DEBUG) {
-    echo("   Plot %d %d 0\n", row, col);
-  } else if (run_state.run_mode == MODE_TEST) {
-    echo("   plot %.3f %.3f 0\n", dot_to_world_x(dx), dot_to_world_y(dy));
-  } else if (dmap.in_use) {
-    put_dot(row, col);
+    put_warningf("plot0 x0: %d (%d, %d)\n", dx, f.x0, f.x1);
+    d.dropped = 1;
+  } else if (dy < f.y0 || dy > f.y1) {
+    put_warningf("plot0 y0: %d (%d, %d)\n", dy, f.y0, f.y1);
+    d.dropped = 1;
   } else {
-    emboss(dx, dy, row, col);
+    dot_to_device(dx, dy, &d.row, &d.col);
   }
-  return 1;
+  offer_dot(d);
+  return !d.dropped;
 }
 
 int move_to(double wx, double wy) {
   transform_point(&wx, &wy);
   DotPos pos;
   if (!map_move(wx, wy, &pos)) return 0;
-  if (ps.active || bmp.active) return 1;
-  switch (run_state.run_mode) {
-    case MODE_DEBUG:
-      leave_plotter_mode();
-      echo("   Move %d %d\n", pos.dx, pos.dy);
-      return 1;
-    case MODE_TEST:
-      leave_plotter_mode();
-      echo("   move %.3f %.3f\n", wx, wy);
-      return 1;
-    default:
-      enter_plotter_mode();
-      emit_move(pos.row, pos.col);
-      return 1;
-  }
+  offer_move(SinkDot{0, wx, wy, pos.dx, pos.dy, pos.row, pos.col, PATH_DOT, plot_state.dot_size, 0});
+  return 1;
 }
 
 int point_mark(double wx, double wy, int kind) {
@@ -145,14 +85,8 @@ int set_dot_size(int size) {
     return put_errorf("illegal dot size %d (printer 1, mirrer 1)", size);
   }
   int code = size;
-  if (!ps.active && !bmp.active && printer == ESA600G) {
-    static const int plain[3] = {3, 1, 2}, mirrored[3] = {6, 4, 5};
-    code = xform.mirror_on ? mirrored[size] : plain[size];
-  }
+  offer_size(&code);
   plot_state.dot_size = code;
-  int mode = run_state.run_mode;
-  if (mode != MODE_NORMAL || ps.active || bmp.active || dmap.in_use) return 1;
-  send_dot_size(code);
   return 1;
 }
 
@@ -206,24 +140,8 @@ int next_design(int advance) {
 
 // One page end: the collected page goes out first, then the feed.
 static void feed_once() {
-  if (ps.active) {
-    if (dmap.in_use && dmap.has_dots) {
-      print_dmap();
-      clear_dmap();
-      dmap.has_dots = 0;
-    }
-    if (ps.page_counter < INT_MAX) ps.page_counter++;  // `page` may have set it very high
-    ps.page_start_pending = 1;
-    return;
-  }
-  if (bmp.active) return;  // the picture is one sheet
-  if (dmap.in_use && dmap.has_dots) {
-    print_dmap();
-    clear_dmap();
-    dmap.has_dots = 0;
-  }
-  leave_plotter_mode();
-  send_form_feed();
+  flush_page();
+  offer_feed();
 }
 
 int page_feed(int mode) {

@@ -1,17 +1,11 @@
-// plot.h - the one place where a dot goes to its output. plot_dot takes a
-// world point, plot0 a grid dot; both send it to PostScript, the bitmap, a
-// trace line, the dot map or the embosser. Also the dot size, the dash
-// pattern, pen moves, the point marker and page feeds.
+// plot.h - the one place where a dot is made. plot_dot takes a world point,
+// plot0 a grid dot; both hand it to the output sinks (raster/sink.h), as do
+// pen moves, dot sizes and page feeds. Also the dash pattern and the point
+// marker.
 #ifndef TACTO_RASTER_PLOT_H
 #define TACTO_RASTER_PLOT_H
 
-// Path codes passed with every dot.
-enum : int {
-  PATH_DOT = 0,    // a lone dot
-  PATH_START = 1,  // first point of a stroke
-  PATH_ON = 2,     // a further point of a stroke
-  PATH_END = 3,    // end of a stroke: a position only, never embossed
-};
+#include "raster/sink.h"
 
 enum : int { DESIGN_CAPACITY = 256 };  // longest dash pattern accepted
 
@@ -27,7 +21,8 @@ extern PlotState plot_state;
 // Restores start-up defaults: size 0, no pattern, feeds allowed.
 void reset_plot();
 
-// Puts a dot at a world point; 0 when outside the window or frame.
+// Puts a dot at a world point (rotated and mirrored first); 0 when it falls
+// outside the window or frame.
 int plot_dot(double wx, double wy, int kind);
 
 // Puts a dot at a grid point; 0 with a warning outside the frame.
@@ -39,7 +34,8 @@ int move_to(double wx, double wy);
 // A cross of five dots at the dot below a world point.
 int point_mark(double wx, double wy, int kind);
 
-// The dot command (0-2); per-printer messages and codes.
+// The dot command (0-2) with the printer's messages; the outputs may turn
+// the size into a device code (raster/sink.h).
 int set_dot_size(int size);
 
 // The design command: modes 0 off, 1 on1 off1 on2 off2, 2 suspend, 3 resume.
@@ -49,6 +45,7 @@ int set_design(int mode, int on1, int off1, int on2, int off2);
 int next_design(int advance);
 
 // Page feeds: 0 suppresses, 1 allows and feeds, 2 feeds unless suppressed.
+// A feed sends the page in hand (flush_page), then ends the page.
 int page_feed(int mode);
 
 #endif

@@ -28,7 +28,7 @@ TEST_F(PlotTest, APointOutsideTheFrameReachesNoOutput) {
     EXPECT_EQ(plot_dot(0.05, 0, 0), 0) << mode;  // dot 301 lies beyond the frame
   }
   alloc_dmap();
-  embosser.printer_output = 1;
+  dmap.printer_mode = 1;
   run_state.run_mode = MODE_NORMAL;
   EXPECT_EQ(plot_dot(0.05, 0, 0), 0);
   EXPECT_EQ(echoed() + emitted(), "");
@@ -59,13 +59,13 @@ TEST_F(PlotTest, PlotterModeEmbossesDotsAndMovesButNeverTheEndOfAStroke) {
 }
 
 TEST_F(PlotTest, PrinterModeCollectsInTheMapAndOtherCombinationsDrawNothing) {
-  embosser.printer_output = 1;
+  dmap.printer_mode = 1;
   plot_dot(0, 0, 0);  // printer mode without a map
   alloc_dmap();
-  embosser.printer_output = 0;
+  dmap.printer_mode = 0;
   plot_dot(0, 0, 0);  // plotter mode with a map
   EXPECT_EQ(dmap.has_dots, 0);
-  embosser.printer_output = 1;
+  dmap.printer_mode = 1;
   set_dot_size(2);  // nothing is sent while the map collects the page
   plot_dot(0, 0, 1);
   plot_dot(1, 0, 3);
@@ -89,7 +89,7 @@ TEST_F(PlotTest, Plot0WarnsOutsideTheFrameAndTracesDeviceCells) {
 
 TEST_F(PlotTest, PointIsACrossOfSmallDotsAroundABigOne) {
   alloc_dmap();
-  embosser.printer_output = 1;
+  dmap.printer_mode = 1;
   set_gap(1, -5.0);  // switched off for the cross and restored after it
   plot_state.dot_size = 0;
   // (0, 0) snaps down to grid (299, 395); the ESA721 arm is three dots.
@@ -150,7 +150,7 @@ TEST_F(PlotTest, DashPatternsRepeatAndCanBeSuspended) {
 
 TEST_F(PlotTest, AFeedSendsTheCollectedPageFirst) {
   alloc_dmap();
-  embosser.printer_output = 1;
+  dmap.printer_mode = 1;
   plot_state.dot_size = 1;
   plot_dot(0, 0, 0);
   page_feed(2);

@@ -8,11 +8,10 @@
 
 #include "core/diag.h"
 #include "core/run_state.h"
-#include "devices/bitmap.h"
 #include "devices/embosser.h"
-#include "devices/postscript.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
+#include "raster/dmap.h"
 #include "raster/plot.h"
 #include "text/brltable.h"
 
@@ -21,7 +20,7 @@
 // picture.
 static int embosser_writes_text() {
   return run_state.run_mode == MODE_NORMAL && page_geom.portrait && page_geom.printer == ESA721 &&
-         !embosser.printer_output && !ps.active && !bmp.active;
+         !dmap.printer_mode && !picture_output();
 }
 
 // The head moves to the top of the first cell, leaves graphics, and the text
