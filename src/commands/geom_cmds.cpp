@@ -1,12 +1,13 @@
 // geom_cmds.cpp - page geometry commands, and the steps they take beyond the
-// geometry: a new paper clears the gap of the dot map, landscape turns the
-// PostScript page, and switching the mirror sends the page in hand and sets
-// the output switch.
+// geometry: a new paper switches the mirror off and clears the gap of the
+// dot map (commands/steps.h), landscape turns the PostScript page, and
+// switching the mirror sends the page in hand and sets the output switch.
 #include "commands/handlers.h"
 
 #include <cstring>
 
 #include "commands/command.h"
+#include "commands/steps.h"
 #include "core/diag.h"
 #include "core/echo.h"
 #include "core/run_state.h"
@@ -35,13 +36,6 @@ int cmd_window(const Command &) { return set_window(param(1), param(2), param(3)
 
 int cmd_origin(const Command &) { return set_origin(param(1), param(2), param(3), param(4)); }
 
-// A printer and paper chosen: the gap of the dot map starts afresh.
-static int choose_paper(int printer, int paper) {
-  if (!select_paper(printer, paper)) return 0;
-  reset_gap();
-  return 1;
-}
-
 int cmd_paper(const Command &cmd) {
   static const struct {
     const char *word;
@@ -51,8 +45,7 @@ int cmd_paper(const Command &cmd) {
   int flag = PAPER_A4;
   for (const auto &p : papers)
     if (strcmp(cmd.word, p.word) == 0) flag = p.flag;
-  int ok = paper_command(flag);
-  if (ok) reset_gap();
+  int ok = choose_paper_kind(flag);
   // The window as the command leaves it (unchanged when it was refused).
   const FloatRect &w = page_geom.w;
   if (echoing()) echo("%s%s //0 window %.3f %.3f %.3f %.3f\n", run_state.indent, cmd.word, w.x0, w.x1, w.y0, w.y1);

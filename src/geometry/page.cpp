@@ -6,7 +6,6 @@
 #include "core/diag.h"
 #include "core/process.h"
 #include "core/run_state.h"
-#include "geometry/transform.h"
 
 PageGeom page_geom;
 [[maybe_unused]] static const int reset_listed = add_reset(reset_page_geom);
@@ -75,7 +74,6 @@ int select_paper(int printer, int paper) {
   run_state.printer = page_geom.printer;
   run_state.paper_size = paper;
   run_state.orientation = 1;
-  xform.mirror_on = 0;
   set_portrait();
   return 1;
 }

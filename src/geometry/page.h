@@ -57,8 +57,8 @@ extern const PaperRow paper_table[10];
 void reset_page_geom();
 
 // Selects a printer and one of its papers; 0 after "illegal printer" or
-// "illegal paper_size". Forces portrait, loads grid, frame, window, pitches
-// and gaps, and switches mirroring off.
+// "illegal paper_size". Forces portrait and loads grid, frame, window,
+// pitches and gaps (the paper commands take commands/steps.h).
 int select_paper(int printer, int paper);
 
 // The paper command b5/b4/a4/a3/p8/p10 (flag PAPER_*) for the current printer.

@@ -9,7 +9,6 @@
 #include "core/run_state.h"
 #include "interp/reader.h"
 #include "platform/platform.h"
-#include "shell/settings_file.h"
 
 HelpState help_state;
 [[maybe_unused]] static const int reset_listed = add_reset(reset_help);
@@ -17,7 +16,7 @@ HelpState help_state;
 void reset_help() { help_state = HelpState(); }
 
 int help_file_usable() {
-  FILE *f = fopen(sys_file.help_path, "r");
+  FILE *f = fopen(help_state.path, "r");
   if (f == nullptr) return 0;
   fclose(f);
   return 1;
@@ -85,7 +84,7 @@ static int answer(FILE *help, const char *query) {
 int help_browser(FILE *stream) {
   help_state.out = run_state.log_on ? run_state.echo_out : stderr;
   help_state.queries = help_state.errors = 0;
-  FILE *help = fopen(sys_file.help_path, "r");
+  FILE *help = fopen(help_state.path, "r");
   if (help == nullptr) {
     put_error("\"tacto.hlp\" can not open");
     run_state.help_open = 0;

@@ -6,17 +6,20 @@
 
 #include <cstdio>
 
+enum : int { HELP_PATH_SIZE = 751 };  // as the settings file stores it
+
 struct HelpState {
+  char path[HELP_PATH_SIZE];  // the help file, set at start-up beside the program
   FILE *out;    // help output: the log list when open, else the error stream
   int queries;  // queries read in this visit
   int errors;   // unknown queries in this visit
 };
 extern HelpState help_state;
 
-// Forgets the last visit.
+// Forgets the last visit and the help file's path.
 void reset_help();
 
-// 1 when the help file named in the system file can be opened.
+// 1 when the help file can be opened.
 int help_file_usable();
 
 // Reads queries from `stream` until its end, `bye` or `quit`. Returns 1.

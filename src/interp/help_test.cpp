@@ -5,14 +5,13 @@
 
 #include "core/run_state.h"
 #include "platform/platform.h"
-#include "shell/settings_file.h"
 #include "support/test_env.h"
 
 class HelpTest : public TactoTest {
  protected:
   void SetUp() override {
     TactoTest::SetUp();
-    copy_text(sys_file.help_path, SYS_HELP_PATH_SIZE, TACTO_HELP);
+    copy_text(help_state.path, HELP_PATH_SIZE, TACTO_HELP);
     run_state.in_help = 1;
   }
   // Runs the browser on queries; returns what it printed.
@@ -56,7 +55,7 @@ TEST_F(HelpTest, ByeLeavesQuitRequestsTheEnd) {
 }
 
 TEST_F(HelpTest, AMissingHelpFileIsAnError) {
-  copy_text(sys_file.help_path, SYS_HELP_PATH_SIZE, temp_path("none.hlp").c_str());
+  copy_text(help_state.path, HELP_PATH_SIZE, temp_path("none.hlp").c_str());
   std::string out = browse("cir\n");
   EXPECT_NE(out.find(": \"tacto.hlp\" can not open"), std::string::npos);
   EXPECT_EQ(run_state.help_open, 0);

@@ -1,4 +1,4 @@
-// main_menu.cpp - the menu loop, its keys and its quit question.
+// main_menu.cpp - the menu loop, its keys, its quit question and the banner.
 #include "menus/main_menu.h"
 
 #include <cstdio>
@@ -14,9 +14,17 @@
 #include "menus/print_screen.h"
 #include "menus/setup_menu.h"
 #include "platform/platform.h"
-#include "shell/startup.h"
 
 static const char kMenuKeys[] = "1s2c3t4d5l6p7i8e9h0q";
+
+void show_banner() {
+  clear_screen();
+  if (run_state.language == 1) fputs("\n   触図作成システム  Tacto\n", stderr);
+  fputs("\n   Tactile Graphics Production System  (version " TACTO_VERSION ")\n", stderr);
+  fputs("   (1st September, 2018)\n", stderr);
+  fprintf(stderr, "   (%24.24s)\n", local_time_text().c_str());
+  fflush(stderr);
+}
 
 void console_run(int run_mode) {
   copy_text(run_state.fname, NAME_SIZE, "console");

@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 #include <vector>
 
+#include "commands/steps.h"
 #include "core/diag.h"
 #include "core/run_state.h"
 #include "geometry/page.h"
@@ -42,7 +43,7 @@ static void printer_and_paper() {
   if (!ask(papers[printer], "paper", paper_table[paper].name, first[printer], last[printer], &paper) &&
       printer == page_geom.printer)
     return;
-  select_paper(printer, paper);
+  choose_paper(printer, paper);
 }
 
 int setup_menu() {

@@ -10,6 +10,10 @@
 #include "core/process.h"
 #include "core/run_state.h"
 #include "devices/serial.h"
+#include "interp/help.h"
+
+static_assert(static_cast<int>(HELP_PATH_SIZE) == static_cast<int>(SYS_HELP_PATH_SIZE),
+              "the help path fills the rest of the setup block");
 
 SysFile sys_file;
 [[maybe_unused]] static const int reset_listed = add_reset(reset_sys_file);
@@ -91,7 +95,7 @@ static void build_block(uint8_t *b) {
   memset(b + SYS_PROGRAM_FILE, 0, PROGRAM_FILE_SIZE);
   memcpy(b + SYS_PROGRAM_FILE, run_state.program_file, strnlen(run_state.program_file, PROGRAM_FILE_SIZE - 1));
   memset(b + SYS_HELP_PATH, 0, SYS_HELP_PATH_SIZE);
-  memcpy(b + SYS_HELP_PATH, sys_file.help_path, strnlen(sys_file.help_path, SYS_HELP_PATH_SIZE - 1));
+  memcpy(b + SYS_HELP_PATH, help_state.path, strnlen(help_state.path, SYS_HELP_PATH_SIZE - 1));
 }
 
 // The run state from a setup block read from the file.

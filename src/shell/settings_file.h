@@ -33,7 +33,6 @@ struct SysFile {
   IntRect grid[3], frame[3];
   FloatRect window[3];
   double pitch[2];                  // horizontal, vertical
-  char help_path[SYS_HELP_PATH_SIZE];
 };
 extern SysFile sys_file;
 

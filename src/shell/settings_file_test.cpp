@@ -9,6 +9,7 @@
 #include "core/run_state.h"
 #include "devices/serial.h"
 #include "geometry/page.h"
+#include "interp/help.h"
 #include "support/test_env.h"
 
 class SettingsFileTest : public TactoTest {
@@ -57,7 +58,7 @@ TEST_F(SettingsFileTest, DefaultsAreWrittenInTheirPlaces) {
   const int gaps[8] = {7, 6, 6, 7, 18, 15, 33, 33};
   for (int i = 0; i < 8; i++) EXPECT_EQ(i32_at(b, BLOCK + 60 + 4 * i), gaps[i]) << i;
   EXPECT_STREQ(b.c_str() + BLOCK + 567, "tacto.txt");
-  EXPECT_STREQ(b.c_str() + BLOCK + 757, sys_file.help_path);
+  EXPECT_STREQ(b.c_str() + BLOCK + 757, help_state.path);
   const int grid[12] = {0, 599, 0, 790, 0, 599, 0, 790, 0, 479, 0, 724};
   for (int i = 0; i < 12; i++) {
     EXPECT_EQ(i32_at(b, GRID + 4 * i), grid[i]) << i;

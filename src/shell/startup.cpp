@@ -32,15 +32,6 @@
 #include "raster/plot.h"
 #include "shell/settings_file.h"
 
-void show_banner() {
-  clear_screen();
-  if (run_state.language == 1) fputs("\n   触図作成システム  Tacto\n", stderr);
-  fputs("\n   Tactile Graphics Production System  (version " TACTO_VERSION ")\n", stderr);
-  fputs("   (1st September, 2018)\n", stderr);
-  fprintf(stderr, "   (%24.24s)\n", local_time_text().c_str());
-  fflush(stderr);
-}
-
 static void print_usage() {
   static const char *const lines[] = {
       "usage: tacto -ej -76i -m -td -r -h [infile] [> outfile]",
@@ -139,7 +130,7 @@ int tacto_main(int argc, char **argv) {
   std::string exe = program_path();
   std::string stem = path_dir(exe) + path_base(exe.empty() ? self : exe);
   sys_file.path = stem + ".sys";
-  copy_text(sys_file.help_path, SYS_HELP_PATH_SIZE, (stem + ".hlp").c_str());
+  copy_text(help_state.path, HELP_PATH_SIZE, (stem + ".hlp").c_str());
 
   // 7-8: the system file, then the serial port again.
   int loaded = reset ? 0 : load_sys_file();

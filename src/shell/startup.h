@@ -12,7 +12,4 @@ void shutdown_program();
 // Shuts down and ends the process with `status` (fatal failures).
 [[noreturn]] void end_program(int status);
 
-// The banner: title, version, release date and the current time.
-void show_banner();
-
 #endif

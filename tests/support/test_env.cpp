@@ -10,6 +10,7 @@
 #include "core/run_state.h"
 #include "devices/embosser.h"
 #include "geometry/winstack.h"
+#include "interp/help.h"
 #include "interp/reader.h"
 #include "platform/platform.h"
 #include "shell/settings_file.h"
@@ -46,7 +47,7 @@ void TactoTest::SetUp() {
   platform_script_keys("");
   platform_fix_clock("Sun Sep 16 01:03:52 1973");
   sys_file.path = dir_ + "/tacto.sys";
-  copy_text(sys_file.help_path, SYS_HELP_PATH_SIZE, (dir_ + "/tacto.hlp").c_str());
+  copy_text(help_state.path, HELP_PATH_SIZE, (dir_ + "/tacto.hlp").c_str());
   run_state.std_out = run_state.echo_out = run_state.saved_echo = echo_.file();
   embosser.out = device_.file();
   testing::internal::CaptureStderr();
