@@ -47,7 +47,7 @@ int draw_arrow(float x0, float y0, float x1, float y1, float head_angle, float h
   double length = sqrt(wx * wx + wy * wy);
   if (length == 0) return put_error("zero length of arrow");
   double dir_c, dir_s;
-  two_angles(wx, wy, length, &dir_c, &dir_s);
+  direction_angles(wx, wy, length, &dir_c, &dir_s);
   draw_shaft_and_head(x0, y0, x1, y1, dir_c, dir_s, head_angle, head_len, type, pitch);
   return 1;
 }

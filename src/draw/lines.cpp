@@ -80,7 +80,7 @@ int hatch_line(float x0, float y0, float x1, float y1, float unit) {
   double length = sqrt(wx * wx + wy * wy);
   if (length == 0) return put_error("zero distance between two points");
   double a, b;
-  two_angles(wx, wy, length, &a, &b);
+  direction_angles(wx, wy, length, &a, &b);
   double step_x = zero_tiny(cos(a) * unit);
   double step_y = zero_tiny(sin(b) * unit);
   // A unit so small that both steps vanish (or a segment of no finite

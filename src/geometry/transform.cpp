@@ -49,7 +49,7 @@ int set_rotate(int flag, double cx, double cy, double angle) {
 // Values this close to zero are taken as exactly zero.
 static double snap_zero(double v) { return (v > -0.00001 && v < 0.00001) ? 0.0 : v; }
 
-void two_angles(double dx, double dy, double r, double *from_cos, double *from_sin) {
+void direction_angles(double dx, double dy, double r, double *from_cos, double *from_sin) {
   *from_cos = acos(dx / r);
   if (dy < 0) *from_cos = -*from_cos;
   *from_sin = asin(dy / r);
@@ -64,7 +64,7 @@ int rotate_point(double *x, double *y) {
   double r = sqrt(pow(*x - cx, 2.0) + pow(*y - cy, 2.0));
   if (r == 0) return 1;
   double alpha, beta;
-  two_angles(*x - cx, *y - cy, r, &alpha, &beta);
+  direction_angles(*x - cx, *y - cy, r, &alpha, &beta);
   double ox = snap_zero(cos(alpha + a) * r);
   double oy = snap_zero(sin(beta + a) * r);
   *x = cx + ox;

@@ -33,7 +33,7 @@ double to_radian(double a);
 // The direction of (dx, dy) at distance r > 0, found twice on purpose: from
 // the cosine for use with cosines, from the sine for use with sines, so that
 // each coordinate comes from the function well conditioned for it.
-void two_angles(double dx, double dy, double r, double *from_cos, double *from_sin);
+void direction_angles(double dx, double dy, double r, double *from_cos, double *from_sin);
 
 // Rotation command: flag 1 on, 2 suspend, 3 resume, 0 off; else an error.
 int set_rotate(int flag, double cx, double cy, double angle);

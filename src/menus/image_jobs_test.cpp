@@ -14,15 +14,8 @@
 
 class ImageJobsTest : public TactoTest {
  protected:
-  void SetUp() override {
-    TactoTest::SetUp();
-    reset_console_io();
-    reset_image_jobs();
-  }
   void TearDown() override {
     if (console_io.in != nullptr) fclose(console_io.in);
-    reset_console_io();
-    reset_image_jobs();
     TactoTest::TearDown();
   }
   // Lines the screens will read, as if typed.

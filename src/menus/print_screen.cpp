@@ -41,55 +41,39 @@ static int ask_name(const char *label, const char *fallback, char *out, int size
   return 1;
 }
 
-// Mode, copies and output: each asked until the answer is valid. 0 when the
-// user goes back (or the input ends).
-static int ask_mode() {
-  static const char *const names[2] = {"plotter mode", "printer mode"};
+// Asks for a number until it lies within lo..hi, showing `prompt` before
+// each read of `width` characters; Enter alone means `if_enter`. 0 when the
+// user goes back (or the input ends), else 1 with *value set.
+static int ask_number(const char *prompt, int width, int if_enter, int lo, int hi, int *value) {
   for (;;) {
-    fprintf(stderr, "\n(0: plotter mode, 1: printer mode)\nmode [%s] = ",
-            names[print_screen_state.printer_mode ? 1 : 0]);
-    int n = read_number(2);
+    fputs(prompt, stderr);
+    int n = read_number(width);
     if (n == BACK_TO_MENU || console_io.at_end) return 0;
-    if (n == KEEP_DEFAULT) n = 0;
-    if (n == 0 || n == 1) {
+    if (n == KEEP_DEFAULT) n = if_enter;
+    if (n >= lo && n <= hi) {
       beep(1760, 50);
-      print_screen_state.printer_mode = n;
+      *value = n;
       return 1;
     }
     beep(220, 150);
   }
 }
 
-static int ask_copies() {
-  for (;;) {
-    fprintf(stderr, "\nHow many copies (1-99)[%d] = ", print_screen_state.copies);
-    int n = read_number(3);  // wide enough that 100 is read, and refused
-    if (n == BACK_TO_MENU || console_io.at_end) return 0;
-    if (n == KEEP_DEFAULT) n = print_screen_state.copies;
-    if (n >= 1 && n <= 99) {
-      beep(1760, 50);
-      print_screen_state.copies = n;
-      return 1;
-    }
-    beep(220, 150);
-  }
-}
-
-static int ask_output() {
-  static const char *const names[3] = {"printer", "file", "exchange"};
-  for (;;) {
-    fprintf(stderr, "\n(0: printer, 1: file, 2: exchange file)\noutput [%s] ? ",
-            names[print_screen_state.output]);
-    int n = read_number(2);
-    if (n == BACK_TO_MENU || console_io.at_end) return 0;
-    if (n == KEEP_DEFAULT) n = TO_PRINTER;
-    if (n >= TO_PRINTER && n <= TO_EXCHANGE) {
-      beep(1760, 50);
-      print_screen_state.output = n;
-      return 1;
-    }
-    beep(220, 150);
-  }
+// Mode, copies and output, each asked until the answer is valid; 0 when
+// the user goes back.
+static int ask_settings() {
+  static const char *const modes[2] = {"plotter mode", "printer mode"};
+  static const char *const outputs[3] = {"printer", "file", "exchange"};
+  PrintScreen &p = print_screen_state;
+  char prompt[96];
+  snprintf(prompt, sizeof prompt, "\n(0: plotter mode, 1: printer mode)\nmode [%s] = ",
+           modes[p.printer_mode ? 1 : 0]);
+  if (!ask_number(prompt, 2, 0, 0, 1, &p.printer_mode)) return 0;
+  snprintf(prompt, sizeof prompt, "\nHow many copies (1-99)[%d] = ", p.copies);
+  // Three characters wide, so that 100 is read, and refused.
+  if (!ask_number(prompt, 3, p.copies, 1, 99, &p.copies)) return 0;
+  snprintf(prompt, sizeof prompt, "\n(0: printer, 1: file, 2: exchange file)\noutput [%s] ? ", outputs[p.output]);
+  return ask_number(prompt, 2, TO_PRINTER, TO_PRINTER, TO_EXCHANGE, &p.output);
 }
 
 // The Y/N question; 1 to go on, 0 to go back.
@@ -168,7 +152,7 @@ int print_screen() {
   fclose(probe);
   copy_text(r.program_file, PROGRAM_FILE_SIZE, program);
 
-  if (!ask_mode() || !ask_copies() || !ask_output()) return 1;
+  if (!ask_settings()) return 1;
   int target = print_screen_state.output;
   char output[PROGRAM_FILE_SIZE];
   char fallback[PROGRAM_FILE_SIZE];

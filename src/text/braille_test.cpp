@@ -81,6 +81,7 @@ TEST_F(BrailleTest, OtherOutputsGetTheCellsAsDots) {
                                   "esa600g\n" + PAGE, "on_off 0\n" + PAGE};
   for (const std::string &setting : settings) {
     reset_embosser();
+    reset_dmap();  // printer mode off again
     embosser.out = device_.file();
     size_t before = emitted().size();
     run_program(setting + "brl 100 100 A\n");
