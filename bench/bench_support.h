@@ -7,7 +7,6 @@
 
 #include "core/process.h"
 #include "core/run_state.h"
-#include "devices/embosser.h"
 #include "raster/dmap.h"
 
 // ESA721 a4, normal run, printer mode into a fresh dot map.

@@ -8,11 +8,9 @@
 
 #include <cmath>
 
-#include "core/process.h"
 #include "core/run_state.h"
 #include "curves/functions.h"
 #include "curves/splines.h"
-#include "devices/embosser.h"
 #include "geometry/page.h"
 #include "raster/dmap.h"
 

@@ -5,9 +5,7 @@
 
 #include "bench_support.h"
 
-#include "core/process.h"
 #include "core/run_state.h"
-#include "devices/embosser.h"
 #include "draw/arrows.h"
 #include "draw/axes.h"
 #include "draw/lines.h"

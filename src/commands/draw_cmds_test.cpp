@@ -4,7 +4,6 @@
 #include "commands/handlers.h"
 
 #include "core/run_state.h"
-#include "devices/embosser.h"
 #include "raster/dmap.h"
 #include "support/draw_testing.h"
 #include "support/test_env.h"

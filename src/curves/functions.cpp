@@ -6,7 +6,6 @@
 #include <cstring>
 
 #include "core/diag.h"
-#include "core/run_state.h"
 #include "draw/lines.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"

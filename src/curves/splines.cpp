@@ -6,7 +6,6 @@
 #include <cstdlib>
 
 #include "core/diag.h"
-#include "core/run_state.h"
 #include "draw/lines.h"
 #include "geometry/page.h"
 #include "raster/plot.h"

@@ -4,7 +4,6 @@
 
 #include <string>
 
-#include "core/run_state.h"
 #include "geometry/page.h"
 #include "raster/dmap.h"
 #include "raster/plot.h"

@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "core/diag.h"
-#include "core/run_state.h"
 #include "draw/lines.h"
 #include "geometry/transform.h"
 #include "raster/plot.h"

@@ -6,7 +6,6 @@
 #include <cmath>
 
 #include "core/diag.h"
-#include "core/run_state.h"
 #include "devices/inkprint.h"
 #include "devices/postscript.h"
 #include "draw/lines.h"

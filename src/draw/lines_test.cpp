@@ -6,7 +6,6 @@
 
 #include "core/run_state.h"
 #include "geometry/page.h"
-#include "geometry/transform.h"
 #include "support/draw_testing.h"
 #include "support/test_env.h"
 

@@ -5,7 +5,6 @@
 #include <cmath>
 
 #include "core/diag.h"
-#include "core/run_state.h"
 #include "draw/lines.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"

@@ -6,7 +6,6 @@
 
 #include "core/diag.h"
 #include "core/process.h"
-#include "core/run_state.h"
 #include "geometry/page.h"
 
 Transform xform;

@@ -3,7 +3,6 @@
 
 #include <string>
 
-#include "core/run_state.h"
 #include "support/test_env.h"
 
 class WinStackTest : public TactoTest {};

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <string>
 
+#include "commands/command.h"
 #include "core/diag.h"
 #include "core/run_state.h"
 #include "interp/macro.h"

@@ -6,8 +6,6 @@
 
 #include <cstdio>
 
-#include "commands/command.h"
-
 // n numbers into param[1..n]; "readp illegal param %d in %d" on failure.
 int readp(const char *text, int n);
 

@@ -3,7 +3,6 @@
 
 #include <string>
 
-#include "core/run_state.h"
 #include "geometry/page.h"
 #include "raster/plot.h"
 #include "support/test_env.h"

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "core/run_state.h"
-#include "devices/embosser.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
 #include "raster/dmap.h"
