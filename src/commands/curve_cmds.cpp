@@ -5,7 +5,6 @@
 #include "commands/handlers.h"
 
 #include "commands/command.h"
-#include "core/echo.h"
 #include "core/run_state.h"
 #include "curves/bwplot.h"
 #include "curves/functions.h"

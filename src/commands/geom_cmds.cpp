@@ -9,7 +9,6 @@
 #include "commands/command.h"
 #include "commands/steps.h"
 #include "core/diag.h"
-#include "core/echo.h"
 #include "core/run_state.h"
 #include "devices/embosser.h"
 #include "devices/postscript.h"

@@ -3,7 +3,6 @@
 
 #include "commands/command.h"
 #include "core/diag.h"
-#include "core/echo.h"
 #include "core/run_state.h"
 #include "devices/embosser.h"
 #include "platform/platform.h"

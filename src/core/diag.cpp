@@ -10,12 +10,12 @@
 #include "platform/platform.h"
 
 DiagLists diag_lists;
-[[maybe_unused]] static const int reset_listed = add_reset(reset_diag);
 
-void reset_diag() {
+static void reset_diag() {
   diag_lists.log_file = nullptr;
   diag_lists.error_file = nullptr;
 }
+[[maybe_unused]] static const int reset_listed = add_reset(reset_diag);
 
 void beep(int frequency, int duration) {
   if (run_state.alarm == 0) return;
@@ -112,10 +112,8 @@ int log_list(int op) {
     if (run_state.log_on) log_list(2);
     FILE *f = fopen(run_state.fname0, "w");
     if (f == nullptr) {
-      char text[MSG_SIZE];
-      snprintf(text, sizeof text, "log %s can not open", run_state.fname0);
       run_state.log_on = 0;
-      return put_error(text);
+      return put_errorf("log %s can not open", run_state.fname0);
     }
     diag_lists.log_file = f;
     run_state.run_mode = MODE_TEST;
@@ -149,10 +147,8 @@ int error_list(int op) {
     if (run_state.errlist_on) error_list(2);
     FILE *f = fopen(run_state.fname0, "w+");
     if (f == nullptr) {
-      char text[MSG_SIZE];
-      snprintf(text, sizeof text, "%s can not open", run_state.fname0);
-      run_state.errlist_on = 0;
-      return put_error(text);
+      run_state.errlist_on = 0;  // before the report, which would list it
+      return put_errorf("%s can not open", run_state.fname0);
     }
     diag_lists.error_file = f;
     run_state.errlist_on = 1;

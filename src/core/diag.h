@@ -12,9 +12,6 @@ struct DiagLists {
 };
 extern DiagLists diag_lists;
 
-// Closes nothing; forgets both lists (tests call it after reset_run_state).
-void reset_diag();
-
 // The alarm: one tone of `frequency` per step of 50 from 50 below `duration`,
 // so (880, 200) sounds three times and (1760, 50) never. Honours `alarm`.
 void beep(int frequency, int duration);

@@ -1,12 +1,13 @@
-// run_state.cpp - the run state record and its start-up defaults.
-#include "core/process.h"
+// run_state.cpp - the run state record, its start-up defaults and the echo.
 #include "core/run_state.h"
 
 #include <climits>
+#include <cstdarg>
 #include <cstring>
 
+#include "core/process.h"
+
 RunState run_state;
-[[maybe_unused]] static const int reset_listed = add_reset(reset_run_state);
 
 void reset_run_state() {
   run_state = RunState();
@@ -26,6 +27,7 @@ void reset_run_state() {
   copy_text(run_state.fname, NAME_SIZE, "tacto");
   copy_text(run_state.cname, NAME_SIZE, "tacto");
 }
+[[maybe_unused]] static const int reset_listed = add_reset(reset_run_state);
 
 void copy_text(char *dst, int size, const char *src) {
   if (size <= 0) return;
@@ -40,4 +42,17 @@ int trunc_int(double v) {
   if (v >= 2147483647.0) return INT_MAX;
   if (v <= -2147483648.0) return INT_MIN;
   return static_cast<int>(v);
+}
+
+int echoing() {
+  int m = run_state.run_mode;
+  return m == MODE_DEBUG || m == MODE_TEST || m == MODE_CONVERT;
+}
+
+void echo(const char *format, ...) {
+  va_list ap;
+  va_start(ap, format);
+  vfprintf(run_state.echo_out, format, ap);
+  va_end(ap);
+  fflush(run_state.echo_out);
 }

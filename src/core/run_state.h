@@ -1,5 +1,6 @@
 // run_state.h - the process-wide record of modes, counters, streams and the
-// shared work buffers that every subsystem reads.
+// shared work buffers that every subsystem reads; the echo lines of the trace
+// and conversion modes.
 #ifndef TACTO_CORE_RUN_STATE_H
 #define TACTO_CORE_RUN_STATE_H
 
@@ -80,5 +81,11 @@ void copy_text(char *dst, int size, const char *src);
 // Truncates toward zero like a C cast, but never overflows: NaN gives 0 and
 // values beyond the int range give its ends.
 int trunc_int(double v);
+
+// 1 in the run modes that echo (debug, test, conversion).
+int echoing();
+
+// Writes an echo line to echo_out (printf format).
+void echo(const char *format, ...) __attribute__((format(printf, 1, 2)));
 
 #endif

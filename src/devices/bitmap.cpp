@@ -2,6 +2,7 @@
 // the one-bit BMP file, rows bottom-up.
 #include "devices/bitmap.h"
 
+#include <cstdio>
 #include <cstdlib>
 
 #include "core/process.h"
@@ -11,12 +12,12 @@
 #include "raster/sink.h"
 
 BitmapState bmp;
-[[maybe_unused]] static const int reset_listed = add_reset(reset_bitmap);
 
-void reset_bitmap() {
+static void reset_bitmap() {
   free(bmp.pixels);
   bmp = BitmapState();
 }
+[[maybe_unused]] static const int reset_listed = add_reset(reset_bitmap);
 
 int bmp_alloc() {
   free(bmp.pixels);
@@ -78,23 +79,18 @@ void bmp_plot(double wx, double wy, int size) {
   bmp_dot(x, y, size);
 }
 
-void bmp_plot0(int row, int col) {
-  int x, y;
-  ps_point_from_dot(row, col, &x, &y);
-  bmp_dot(x, y, 1);
-}
-
 void bmp_cell(int row, int col, int size) {
   int x, y;
   ps_point_from_dot(row, col, &x, &y);
   bmp_dot(x, y, size > 2 ? 2 : size);
 }
 
-void bmp_put32(FILE *f, uint32_t v) {
+// Little-endian fields of the file header.
+static void bmp_put32(FILE *f, uint32_t v) {
   for (int i = 0; i < 4; i++) fputc(static_cast<int>((v >> (8 * i)) & 0xff), f);
 }
 
-void bmp_put16(FILE *f, uint16_t v) {
+static void bmp_put16(FILE *f, uint16_t v) {
   fputc(v & 0xff, f);
   fputc((v >> 8) & 0xff, f);
 }
@@ -160,7 +156,7 @@ static int take_dot(const SinkDot &d, int taken) {
   if (taken || !bmp.active) return 0;
   if (d.grid) {
     if (dmap.in_use) return 0;
-    bmp_plot0(d.row, d.col);
+    bmp_cell(d.row, d.col, 1);
     return 1;
   }
   if (dmap.in_use) put_dot(d.row, d.col, d.size);

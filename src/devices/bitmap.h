@@ -5,7 +5,6 @@
 #define TACTO_DEVICES_BITMAP_H
 
 #include <cstdint>
-#include <cstdio>
 
 enum : int {
   BMP_WIDTH = 1192,   // portrait pixels across
@@ -21,9 +20,6 @@ struct BitmapState {
   int active;       // bitmap output is on
 };
 extern BitmapState bmp;
-
-// Frees the page and switches bitmap output off.
-void reset_bitmap();
 
 // Allocates and zeroes the page; 0 when it cannot.
 int bmp_alloc();
@@ -48,16 +44,12 @@ int bmp_width();
 // disc of radius about 3 or of radius about 4 pixels. Sizes above 2 stamp 2.
 void bmp_dot(int x, int y, int size);
 
-// A dot of plot_dot (world point) and of plot0 (device cell).
+// A dot of plot_dot: world point and size code.
 void bmp_plot(double wx, double wy, int size);
-void bmp_plot0(int row, int col);
 
-// A dot of the dot map: the cell's page point, the stored size capped at 2.
+// A dot at a device cell, its size capped at 2: plot0's grid dots take size
+// 1, the dot map's dots their stored size.
 void bmp_cell(int row, int col, int size);
-
-// Little-endian fields of the file header.
-void bmp_put32(FILE *f, uint32_t v);
-void bmp_put16(FILE *f, uint16_t v);
 
 // Writes the BMP file; 0 on success, 1 when it cannot be created or written.
 int bmp_write(const char *name);

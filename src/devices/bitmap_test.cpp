@@ -46,7 +46,7 @@ TEST_F(BitmapTest, ThreeStampsCentredOnTwiceThePagePoint) {
   EXPECT_EQ(around(838, 594), "...###...\n..#####..\n.#######.\n#########\n#########\n#########\n"
                               ".#######.\n..#####..\n...###...\n");
   EXPECT_EQ(black_pixels(), 9 + 37 + 57);
-  bmp_plot0(0, 0);  // top left cell: page (4, 775), size 1
+  bmp_cell(0, 0, 1);  // the top left cell: page (4, 775), size 1
   EXPECT_EQ(bmp.pixels[1548L * BMP_WIDTH + 8], 1);
   EXPECT_EQ(black_pixels(), 9 + 37 + 57 + 37);
 }

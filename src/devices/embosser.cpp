@@ -16,13 +16,13 @@
 #include "raster/sink.h"
 
 Embosser embosser;
-[[maybe_unused]] static const int reset_listed = add_reset(reset_embosser);
 
 void reset_embosser() {
   embosser = Embosser();
   embosser.out = stdout;
   embosser.output_enabled = 1;
 }
+[[maybe_unused]] static const int reset_listed = add_reset(reset_embosser);
 
 int emit(const char *text, int length) {
   if (!embosser.output_enabled) return 0;
@@ -93,12 +93,14 @@ void emit_move(int row, int col) {
   emit_dot_address(row, col);
 }
 
-void emit_everest_dot(int dx, int dy) {
+// An Everest-D dot line "%.2f:%.2f\n" for a grid dot.
+static void emit_everest_dot(int dx, int dy) {
   // x is measured from the right edge of the sheet.
   emit_formatted("%.2f:%.2f\n", (page_geom.p.x1 - dx) * pitch_x(), dy * pitch_y());
 }
 
-void send_dot_size(int code) {
+// The size command ESC ESC D and the code.
+static void send_dot_size(int code) {
   enter_plotter_mode();
   emit_formatted("%c%cD%d", 27, 27, code);
 }
@@ -116,14 +118,15 @@ void send_form_feed() {
   }
 }
 
-// Sends one scan of a row for one size; returns 1 when it found a dot.
-static int scan_row(int row, int size, int left_to_right) {
+// Sends one scan of a row for one size, the size itself before its first dot
+// unless *sent; returns 1 when it found a dot.
+static int scan_row(int row, int size, int left_to_right, int *sent) {
   int found = 0;
   for (int i = dmap.col_min; i <= dmap.col_max; i++) {
     int col = left_to_right ? i : dmap.col_max - (i - dmap.col_min);
     if (get_dot(row, col) != size) continue;
-    if (!found) send_dot_size(size);
-    found = 1;
+    if (!*sent) send_dot_size(size);
+    *sent = found = 1;
     emit_dot_address(row, col);
   }
   return found;
@@ -139,18 +142,14 @@ static int send_map(int taken) {
   if (page_geom.printer == ESA721) {
     int left_to_right = 1;
     for (int row = dmap.row_min; row <= dmap.row_max; row++)
-      for (int size : sizes)
-        if (scan_row(row, size, left_to_right)) left_to_right = !left_to_right;
+      for (int size : sizes) {
+        int sent = 0;
+        if (scan_row(row, size, left_to_right, &sent)) left_to_right = !left_to_right;
+      }
   } else if (page_geom.printer == ESA600G) {
     for (int size : sizes) {
-      int first = 1;
-      for (int row = dmap.row_min; row <= dmap.row_max; row++)
-        for (int col = dmap.col_min; col <= dmap.col_max; col++) {
-          if (get_dot(row, col) != size) continue;
-          if (first) send_dot_size(size);
-          first = 0;
-          emit_dot_address(row, col);
-        }
+      int sent = 0;
+      for (int row = dmap.row_min; row <= dmap.row_max; row++) scan_row(row, size, 1, &sent);
     }
   }
   return 1;

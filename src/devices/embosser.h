@@ -33,12 +33,6 @@ void emit_dot_address(int row, int col);
 // A pen-up move: GS and the address.
 void emit_move(int row, int col);
 
-// An Everest-D dot line "%.2f:%.2f\n" for a grid dot.
-void emit_everest_dot(int dx, int dy);
-
-// The size command ESC ESC D and the code.
-void send_dot_size(int code);
-
 // The printer's page end, after leaving plotter mode.
 void send_form_feed();
 

@@ -72,12 +72,14 @@ static int band_point(double v, double lo, double hi, int start, int end) {
   return (p >= start && p < end) ? p : -1;
 }
 
-int ink_point_x(double wx) {
+// Page points of the ink-print text: the point in the printable band of the
+// orientation, or -1 outside it.
+static int ink_point_x(double wx) {
   PsBox b = ps_page_box();
   return band_point(wx, page_geom.w.x0, page_geom.w.x1, b.x0, b.x1);
 }
 
-int ink_point_y(double wy) {
+static int ink_point_y(double wy) {
   PsBox b = ps_page_box();
   return band_point(wy, page_geom.w.y0, page_geom.w.y1, b.y0, b.y1);
 }

@@ -12,11 +12,6 @@
 // ink print.
 void ink_line(double x0, double y0, double x1, double y1);
 
-// Page points of the ink-print text: the point in the printable band of the
-// orientation, or -1 outside it.
-int ink_point_x(double wx);
-int ink_point_y(double wy);
-
 // The PostScript strings of the two text commands: "(text)" up to the first
 // line feed, and the hexadecimal "< 0041 889f >" form of the two-byte text.
 std::string ink_latin_string(const char *text);

@@ -20,14 +20,13 @@
 
 PsState ps;
 InkState ink;
-[[maybe_unused]] static const int reset_listed = add_reset(reset_postscript) + add_reset(reset_ink);
 
-void reset_postscript() {
+static void reset_postscript() {
   if (ps.file != nullptr) fclose(ps.file);
   ps = PsState();
 }
 
-void reset_ink() {
+static void reset_ink() {
   ink = InkState();
   ink.join = 1;
   ink.width = 1.0f;
@@ -36,6 +35,7 @@ void reset_ink() {
   ink.efont = 2;
   ink.jfont = 6;
 }
+[[maybe_unused]] static const int reset_listed = add_reset(reset_postscript) + add_reset(reset_ink);
 
 int ink_active() { return ps.active && ps.ink_print && ps.file != nullptr; }
 
@@ -53,7 +53,8 @@ void ps_path_break() {
   ps.path_written = 0;
 }
 
-void ps_path_end() {
+// Strokes and ends an open ink-print stroke.
+static void ps_path_end() {
   ps_path_break();
   ps.path_open = 0;
 }
@@ -271,15 +272,6 @@ void ps_plot(double wx, double wy, int kind, int size) {
   }
 }
 
-void ps_plot0(int row, int col) {
-  if (!ps.active) return;
-  int x, y;
-  ps_point_from_dot(row, col, &x, &y);
-  ps_path_break();
-  if (xform.mirror_on) ps_printf("%d %d 2 0 360 arc stroke\n", x, y);
-  else ps_printf("%d %d 2 0 360 arc fill stroke\n", x, y);
-}
-
 void ps_dot(int row, int col, int size) {
   if (!ps.active) return;
   if (size < 0) size = 0;
@@ -307,7 +299,7 @@ static int take_dot(const SinkDot &d, int taken) {
     if (dmap.in_use) return 0;
     // A pending page start is written instead of the dot.
     if (ps.page_start_pending) ps_flush_page_start();
-    else ps_plot0(d.row, d.col);
+    else ps_dot(d.row, d.col, 1);
     return 1;
   }
   ps_flush_page_start();

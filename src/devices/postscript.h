@@ -41,13 +41,6 @@ struct PsBox {
   int x0, x1, y0, y1;
 };
 
-// Closes the file without a trailer and forgets the document (tests call it
-// between cases).
-void reset_postscript();
-
-// Restores the pen's defaults above.
-void reset_ink();
-
 // 1 when the current output is ink-print PostScript.
 int ink_active();
 
@@ -81,9 +74,6 @@ void ps_printf(const char *format, ...) __attribute__((format(printf, 1, 2)));
 // drawing can follow; the stroke itself goes on at its last point.
 void ps_path_break();
 
-// Strokes and ends an open ink-print stroke.
-void ps_path_end();
-
 // The page box of the current orientation: portrait x 4-590, y 65-775;
 // landscape x 65-775, y 4-590.
 PsBox ps_page_box();
@@ -94,12 +84,11 @@ void ps_point_from_world(double wx, double wy, int *x, int *y);
 // Page point of a dot-map cell.
 void ps_point_from_dot(int row, int col, int *x, int *y);
 
-// A dot of plot_dot (world point, path code, size code) and of plot0
-// (device cell).
+// A dot of plot_dot: world point, path code, size code.
 void ps_plot(double wx, double wy, int kind, int size);
-void ps_plot0(int row, int col);
 
-// One dot of the dot map as a circle of the stored size.
+// A dot at a device cell as a circle of a size 0-2: plot0's grid dots take
+// size 1, the dot map's dots their stored size.
 void ps_dot(int row, int col, int size);
 
 // A page ends: the next page is counted, and started by the next dot.

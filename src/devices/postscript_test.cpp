@@ -78,11 +78,11 @@ TEST_F(PostscriptTest, CircleRadiusBySizeAndSource) {
   EXPECT_EQ(body(doc), "297 420 1 0 360 arc fill stroke\n297 420 2 0 360 arc fill stroke\n"
                        "297 420 3 0 360 arc fill stroke\n\n");
   ASSERT_EQ(ps_open(temp_path("b.ps").c_str(), 0, 0), 1);
-  ps_plot0(395, 300);
+  plot0(300, 395);  // cell (395, 300)
   ps_dot(0, 0, 1);
   xform.mirror_on = 1;
   ps_plot(0, 0, 3, plot_state.dot_size);
-  ps_plot0(395, 300);
+  plot0(300, 395);
   ps_dot(395, 300, 0);
   ps_close();
   EXPECT_EQ(body(read_file(temp_path("b.ps"))),

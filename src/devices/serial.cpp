@@ -16,11 +16,10 @@
 #include "core/run_state.h"
 
 SerialSettings serial;
-[[maybe_unused]] static const int reset_listed = add_reset(reset_serial);
 
 const int baud_table[8] = {110, 300, 600, 1200, 2400, 4800, 9600, 19200};
 
-void reset_serial() {
+static void reset_serial() {
   serial = SerialSettings();
   copy_text(serial.port, PORT_NAME_SIZE, "COM1");
   serial.baud = 9600;
@@ -29,6 +28,7 @@ void reset_serial() {
   serial.parity = 0;
   serial.stop = 0;
 }
+[[maybe_unused]] static const int reset_listed = add_reset(reset_serial);
 
 void serial_device(char *buf, int size) {
   const char *name = serial.port;

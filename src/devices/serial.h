@@ -17,9 +17,6 @@ extern SerialSettings serial;
 
 extern const int baud_table[8];
 
-// Restores the defaults: COM1, 9600 baud, 8 bits, XON/XOFF, no parity, 1 stop bit.
-void reset_serial();
-
 // The device path of the port ("COM3" -> "/dev/ttyS2").
 void serial_device(char *buf, int size);
 

@@ -1,7 +1,6 @@
 // trace.cpp - the debug and test traces as an output sink: every dot and
 // pen move becomes an echo line, in dots (debug) or world values (test).
 // The trace has no functions of its own to offer; it registers its sink.
-#include "core/echo.h"
 #include "core/run_state.h"
 #include "devices/embosser.h"
 #include "raster/sink.h"

@@ -32,10 +32,6 @@ inline double mm_along_y(const PaperScale &s, double d) {
   return static_cast<double>(s.ky * d / s.span_y);
 }
 
-// Exactly 0 for values strictly between -0.00001 and 0.00001 (the program's
-// way of cleaning up cosines and sines of right angles).
-inline double zero_tiny(double v) { return (v > -0.00001 && v < 0.00001) ? 0.0 : v; }
-
 // The line command: dots from (x0, y0) towards (x1, y1) at least `pitch` mm
 // apart on paper, walked in 10 000 sub-steps. The start always gets a dot;
 // the end only when the walk examines it far enough from the last dot.

@@ -8,7 +8,6 @@
 #include "core/run_state.h"
 
 PageGeom page_geom;
-[[maybe_unused]] static const int reset_listed = add_reset(reset_page_geom);
 
 const PrinterRow printer_table[3] = {
     {"ESA721", 0.345576, 0.317215, {7, 6, 18, 33}, {6, 7, 15, 33}},
@@ -45,21 +44,19 @@ static void load_paper(PageGeom &g, int paper) {
   g.w = g.default_window;
   g.pitch_h = pr.pitch_h;
   g.pitch_v = pr.pitch_v;
-  g.gap_h[0] = pr.gap_landscape[0];
-  g.gap_v[0] = pr.gap_landscape[1];
-  g.gap_s[0] = pr.gap_landscape[2];
-  g.gap_l[0] = pr.gap_landscape[3];
-  g.gap_h[1] = pr.gap_portrait[0];
-  g.gap_v[1] = pr.gap_portrait[1];
-  g.gap_s[1] = pr.gap_portrait[2];
-  g.gap_l[1] = pr.gap_portrait[3];
+  int *gaps[4] = {g.gap_h, g.gap_v, g.gap_s, g.gap_l};
+  for (int i = 0; i < 4; i++) {
+    gaps[i][0] = pr.gap_landscape[i];
+    gaps[i][1] = pr.gap_portrait[i];
+  }
 }
 
-void reset_page_geom() {
+static void reset_page_geom() {
   page_geom = PageGeom();
   page_geom.portrait = 1;
   load_paper(page_geom, 1);
 }
+[[maybe_unused]] static const int reset_listed = add_reset(reset_page_geom);
 
 int select_paper(int printer, int paper) {
   if (printer < 0 || printer > 2) {
@@ -91,10 +88,7 @@ int paper_command(int flag) {
     if (flag == PAPER_P10) paper = 9;
   }
   if (paper < 0) return put_error("invalid printer");
-  if (!select_paper(printer, paper)) return 0;
-  page_geom.p = page_geom.f = page_geom.default_grid;
-  page_geom.w = page_geom.default_window;
-  return 1;
+  return select_paper(printer, paper);
 }
 
 void set_portrait() {

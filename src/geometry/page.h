@@ -53,9 +53,6 @@ struct PaperRow {
 extern const PrinterRow printer_table[3];
 extern const PaperRow paper_table[10];
 
-// Restores the start-up geometry: ESA721 a4 in portrait.
-void reset_page_geom();
-
 // Selects a printer and one of its papers; 0 after "illegal printer" or
 // "illegal paper_size". Forces portrait and loads grid, frame, window,
 // pitches and gaps (the paper commands take commands/steps.h).

@@ -9,12 +9,12 @@
 #include "geometry/page.h"
 
 Transform xform;
-[[maybe_unused]] static const int reset_listed = add_reset(reset_transform);
 
-void reset_transform() {
+static void reset_transform() {
   xform = Transform();
   xform.degree_mode = 1;
 }
+[[maybe_unused]] static const int reset_listed = add_reset(reset_transform);
 
 double to_radian(double a) { return xform.degree_mode ? a * TACTO_DEGREE : a; }
 
@@ -45,9 +45,6 @@ int set_rotate(int flag, double cx, double cy, double angle) {
   return 0;
 }
 
-// Values this close to zero are taken as exactly zero.
-static double snap_zero(double v) { return (v > -0.00001 && v < 0.00001) ? 0.0 : v; }
-
 void direction_angles(double dx, double dy, double r, double *from_cos, double *from_sin) {
   *from_cos = acos(dx / r);
   if (dy < 0) *from_cos = -*from_cos;
@@ -64,8 +61,8 @@ int rotate_point(double *x, double *y) {
   if (r == 0) return 1;
   double alpha, beta;
   direction_angles(*x - cx, *y - cy, r, &alpha, &beta);
-  double ox = snap_zero(cos(alpha + a) * r);
-  double oy = snap_zero(sin(beta + a) * r);
+  double ox = zero_tiny(cos(alpha + a) * r);
+  double oy = zero_tiny(sin(beta + a) * r);
   *x = cx + ox;
   *y = cy + oy;
   return 1;

@@ -24,8 +24,9 @@ struct DotPos {
   int row, col;  // device cell: portrait raster, row 0 at the top
 };
 
-// Restores start-up defaults: no rotation, no mirroring, degrees.
-void reset_transform();
+// Exactly 0 for values strictly between -0.00001 and 0.00001 (the program's
+// way of cleaning up cosines and sines of right angles).
+inline double zero_tiny(double v) { return (v > -0.00001 && v < 0.00001) ? 0.0 : v; }
 
 // Angle in the current unit to radians (factor 0.01745328888888889 in degrees).
 double to_radian(double a);

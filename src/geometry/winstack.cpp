@@ -7,12 +7,12 @@
 #include "geometry/transform.h"
 
 WinStack stackwin;
-[[maybe_unused]] static const int reset_listed = add_reset(reset_winstack);
 
-void reset_winstack() {
+static void reset_winstack() {
   stackwin = WinStack();
   stackwin.depth = STACK_BASE;
 }
+[[maybe_unused]] static const int reset_listed = add_reset(reset_winstack);
 
 // The current state into a record.
 static void save_into(WinRecord &r, FILE *stream) {

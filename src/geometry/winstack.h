@@ -32,9 +32,6 @@ struct WinStack {
 };
 extern WinStack stackwin;
 
-// Empties the stack (depth 5, no stream).
-void reset_winstack();
-
 // Makes a top-level program current (record 5, depth 5).
 void winstack_set_top(FILE *stream, const char *name);
 

@@ -16,9 +16,9 @@
 #include "geometry/transform.h"
 
 CalcState calc;
-[[maybe_unused]] static const int reset_listed = add_reset(reset_calc);
 
-void reset_calc() { calc = CalcState(); }
+static void reset_calc() { calc = CalcState(); }
+[[maybe_unused]] static const int reset_listed = add_reset(reset_calc);
 
 // Token kinds, in the program's numbering.
 enum : int {

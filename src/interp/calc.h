@@ -22,9 +22,6 @@ struct CalcState {
 };
 extern CalcState calc;
 
-// Empties the variable table and clears the error flag.
-void reset_calc();
-
 // Evaluates an expression, or an assignment when the text holds '='.
 // Failures are reported through put_error and set calc.error.
 double evaluate(const char *text);

@@ -11,9 +11,9 @@
 #include "platform/platform.h"
 
 HelpState help_state;
-[[maybe_unused]] static const int reset_listed = add_reset(reset_help);
 
-void reset_help() { help_state = HelpState(); }
+static void reset_help() { help_state = HelpState(); }
+[[maybe_unused]] static const int reset_listed = add_reset(reset_help);
 
 int help_file_usable() {
   FILE *f = fopen(help_state.path, "r");

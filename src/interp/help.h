@@ -16,9 +16,6 @@ struct HelpState {
 };
 extern HelpState help_state;
 
-// Forgets the last visit and the help file's path.
-void reset_help();
-
 // 1 when the help file can be opened.
 int help_file_usable();
 

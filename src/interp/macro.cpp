@@ -13,9 +13,9 @@
 #include "interp/calc.h"
 
 MacroTable vtab;
-[[maybe_unused]] static const int reset_listed = add_reset(reset_macros);
 
 void reset_macros() { vtab.count = 0; }
+[[maybe_unused]] static const int reset_listed = add_reset(reset_macros);
 
 // Where the "defined" lines go: the echo stream when echoing, else the console.
 static FILE *macro_out() {

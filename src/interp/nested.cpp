@@ -5,7 +5,6 @@
 #include <string>
 
 #include "core/diag.h"
-#include "core/echo.h"
 #include "core/run_state.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"

@@ -7,7 +7,6 @@
 #include <strings.h>
 
 #include "core/diag.h"
-#include "core/echo.h"
 #include "core/run_state.h"
 #include "devices/embosser.h"
 #include "devices/postscript.h"

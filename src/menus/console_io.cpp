@@ -7,14 +7,15 @@
 #include <cstring>
 #include <string>
 
+#include "core/diag.h"
 #include "core/process.h"
 #include "core/run_state.h"
 #include "platform/platform.h"
 
 ConsoleIo console_io;
-[[maybe_unused]] static const int reset_listed = add_reset(reset_console_io);
 
-void reset_console_io() { console_io = ConsoleIo(); }
+static void reset_console_io() { console_io = ConsoleIo(); }
+[[maybe_unused]] static const int reset_listed = add_reset(reset_console_io);
 
 static FILE *input() { return console_io.in != nullptr ? console_io.in : stdin; }
 
@@ -82,6 +83,43 @@ void merge_name(const char *typed, const char *fallback, char *out, int size) {
   if (base.empty()) base = path_base(fallback);
   if (ext.empty()) ext = path_ext(fallback);
   copy_text(out, size, (dir + base + ext).c_str());
+}
+
+int ask_number(const char *prompt, int width, int if_enter, int lo, int hi, int *value) {
+  for (;;) {
+    fputs(prompt, stderr);
+    int n = read_number(width);
+    if (n == KEEP_DEFAULT) n = if_enter;
+    if (n == BACK_TO_MENU || console_io.at_end) return 0;
+    if (n >= lo && n <= hi) {
+      beep(1760, 50);
+      *value = n;
+      return 1;
+    }
+    beep(220, 150);
+  }
+}
+
+int ask_file_name(const char *label, const char *fallback, char *out, int size) {
+  fprintf(stderr, "\n%s [%s] = ", label, fallback);
+  char typed[TEXT_SIZE + 1] = "";
+  int got = read_text(typed, sizeof typed);
+  if (got > 0) merge_name(typed, fallback, out, size);
+  else if (got == 0) copy_text(out, size, fallback);
+  return got;
+}
+
+void screen_title(const char *name, const char *title) {
+  copy_text(run_state.fname, NAME_SIZE, name);
+  copy_text(run_state.cname, NAME_SIZE, name);
+  beep(1760, 50);
+  fprintf(stderr, "\n\n%s\n(Keyin Period and Enter if return to Tacto menu.)\n", title);
+}
+
+int refuse_with_key(const char *format, const char *name, const char *prompt) {
+  put_errorf(format, name);
+  press_any_key(prompt);
+  return 0;
 }
 
 void replace_extension(const char *name, const char *ext, char *out, int size) {

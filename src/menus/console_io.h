@@ -19,9 +19,6 @@ struct ConsoleIo {
 };
 extern ConsoleIo console_io;
 
-// Restores start-up defaults: lines from standard input.
-void reset_console_io();
-
 // Reads one line of at most `size` - 1 characters into buf, without its line
 // end; the rest of a longer line is dropped. 0 at the end of input (buf "").
 int read_console_line(char *buf, int size);
@@ -42,6 +39,24 @@ int read_text(char *buf, int size);
 // Completes a typed file name from a default: the directory, base name and
 // extension that the typed name lacks are taken from the default.
 void merge_name(const char *typed, const char *fallback, char *out, int size);
+
+// Asks for a number within lo..hi until one is given, showing `prompt`
+// before each read of `width` characters. 1 with *value set; 0 when the user
+// goes back or the input has ended. Enter alone stands for `if_enter` (which
+// may be BACK_TO_MENU).
+int ask_number(const char *prompt, int width, int if_enter, int lo, int hi, int *value);
+
+// Asks for a file name after "\n<label> [<fallback>] = ": what is typed is
+// completed from the fallback, Enter takes the fallback. Returns read_text's
+// answer (1, 0, or -1 with out unchanged).
+int ask_file_name(const char *label, const char *fallback, char *out, int size);
+
+// A screen's title and how to leave it; `name` names the activity in messages.
+void screen_title(const char *name, const char *title);
+
+// Reports the error `format` with a name and waits for a key after `prompt`.
+// Returns 0.
+int refuse_with_key(const char *format, const char *name, const char *prompt);
 
 // The name with its extension replaced (".ps", ".bmp").
 void replace_extension(const char *name, const char *ext, char *out, int size);

@@ -15,19 +15,14 @@
 #include "raster/dmap.h"
 
 ImageJobs image_jobs;
+
+static void reset_image_jobs() { image_jobs = ImageJobs(); }
 [[maybe_unused]] static const int reset_listed = add_reset(reset_image_jobs);
-
-void reset_image_jobs() { image_jobs = ImageJobs(); }
-
-static const char kBack[] = "(Keyin Period and Enter if return to Tacto menu.)";
 
 // Opens a program for reading; 0 after "Tacto [%s] was not open".
 static FILE *open_program(const char *program) {
   FILE *in = fopen(program, "r");
-  if (in == nullptr) {
-    put_errorf("Tacto [%s] was not open", program);
-    press_any_key("\n   press any key ? ");
-  }
+  if (in == nullptr) refuse_with_key("Tacto [%s] was not open", program, "\n   press any key ? ");
   return in;
 }
 
@@ -74,11 +69,8 @@ int make_postscript(const char *program, const char *output, int ink_print, int 
   return 1;
 }
 
-// "Could not create Bitmap [%s]" and the key it waits for.
 static int cannot_create(const char *output) {
-  put_errorf("Could not create Bitmap [%s]", output);
-  press_any_key("  press any key ? ");
-  return 0;
+  return refuse_with_key("Could not create Bitmap [%s]", output, "  press any key ? ");
 }
 
 int make_bitmap(const char *program, const char *output) {
@@ -105,22 +97,9 @@ int make_bitmap(const char *program, const char *output) {
   return ok;
 }
 
-// The title of a screen and the reminder how to leave it.
-static void screen_title(const char *title) {
-  copy_text(run_state.fname, NAME_SIZE, "image");
-  copy_text(run_state.cname, NAME_SIZE, "image");
-  beep(1760, 50);
-  fprintf(stderr, "\n\n%s\n%s\n", title, kBack);
-}
-
 // Asks for the program; 0 when the user goes back or it cannot be read.
 static int ask_program(char *program, int size) {
-  fprintf(stderr, "\nTacto file [%s] = ", run_state.program_file);
-  char typed[TEXT_SIZE + 1] = "";
-  int got = read_text(typed, sizeof typed);
-  if (got < 0) return 0;
-  if (got > 0) merge_name(typed, run_state.program_file, program, size);
-  else copy_text(program, size, run_state.program_file);
+  if (ask_file_name("Tacto file", run_state.program_file, program, size) < 0) return 0;
   FILE *in = open_program(program);
   if (in == nullptr) return 0;
   fclose(in);
@@ -132,13 +111,7 @@ static int ask_program(char *program, int size) {
 static int ask_output(const char *label, const char *program, const char *ext, char *output, int size) {
   char fallback[PROGRAM_FILE_SIZE];
   replace_extension(program, ext, fallback, sizeof fallback);
-  fprintf(stderr, "\n%s [%s] = ", label, fallback);
-  char typed[TEXT_SIZE + 1] = "";
-  int got = read_text(typed, sizeof typed);
-  if (got < 0) return 0;
-  if (got > 0) merge_name(typed, fallback, output, size);
-  else copy_text(output, size, fallback);
-  return 1;
+  return ask_file_name(label, fallback, output, size) >= 0;
 }
 
 // Asks for a choice of two, shown by name; 0 when the user goes back.
@@ -157,7 +130,7 @@ static int ask_choice(const char *choices, const char *const names[2], int *valu
 }
 
 int postscript_job() {
-  screen_title("Generate a PostScript file");
+  screen_title("image", "Generate a PostScript file");
   char program[PROGRAM_FILE_SIZE], output[PROGRAM_FILE_SIZE];
   if (!ask_program(program, sizeof program)) return 1;
   if (!ask_output("postscript file", program, ".ps", output, sizeof output)) return 1;
@@ -182,7 +155,7 @@ int image_item() {
 }
 
 int bitmap_job() {
-  screen_title("Generate a Bitmap file");
+  screen_title("image", "Generate a Bitmap file");
   char program[PROGRAM_FILE_SIZE], output[PROGRAM_FILE_SIZE];
   if (!ask_program(program, sizeof program)) return 1;
   if (!ask_output("bitmap file", program, ".bmp", output, sizeof output)) return 1;

@@ -11,9 +11,6 @@ struct ImageJobs {
 };
 extern ImageJobs image_jobs;
 
-// Restores the defaults above.
-void reset_image_jobs();
-
 // "Generate a PostScript file": asks for the program, the PostScript file,
 // dot or ink print and, for dot print, the mode, then makes the file.
 // Returns 1 to the menu (also after a refusal or when the user goes back).

@@ -26,7 +26,8 @@ void show_banner() {
   fflush(stderr);
 }
 
-void console_run(int run_mode) {
+// Runs the interpreter on the console input in a run mode (0, 1 or 2).
+static void console_run(int run_mode) {
   copy_text(run_state.fname, NAME_SIZE, "console");
   run_state.run_mode = run_mode;
   run_state.run_aborted = 0;

@@ -5,9 +5,6 @@
 // Loops until Quit is chosen and confirmed (end of input confirms it).
 void main_menu();
 
-// Runs the interpreter on the console input in a run mode (0, 1 or 2).
-void console_run(int run_mode);
-
 // The banner: title, version, release date and the current time.
 void show_banner();
 

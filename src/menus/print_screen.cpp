@@ -17,46 +17,15 @@
 #include "platform/platform.h"
 
 PrintScreen print_screen_state;
+
+static void reset_print_screen() { print_screen_state = PrintScreen(); }
 [[maybe_unused]] static const int reset_listed = add_reset(reset_print_screen);
 
-void reset_print_screen() { print_screen_state = PrintScreen(); }
-
-static const char kBack[] = "(Keyin Period and Enter if return to Tacto menu.)";
-
-// Reports a file that cannot be opened and waits for a key; returns 0.
-static int not_open(const char *format, const char *name, const char *prompt) {
-  put_errorf(format, name);
-  press_any_key(prompt);
-  return 0;
-}
-
-// Asks for a file name with a default; 0 when the user goes back.
+// A file name asked with its default (console_io); 0 when the user goes back
+// or the input has ended.
 static int ask_name(const char *label, const char *fallback, char *out, int size) {
-  fprintf(stderr, "\n%s [%s] = ", label, fallback);
-  char typed[TEXT_SIZE + 1] = "";
-  int got = read_text(typed, sizeof typed);
-  if (got < 0 || (got == 0 && console_io.at_end)) return 0;
-  if (got > 0) merge_name(typed, fallback, out, size);
-  else copy_text(out, size, fallback);
-  return 1;
-}
-
-// Asks for a number until it lies within lo..hi, showing `prompt` before
-// each read of `width` characters; Enter alone means `if_enter`. 0 when the
-// user goes back (or the input ends), else 1 with *value set.
-static int ask_number(const char *prompt, int width, int if_enter, int lo, int hi, int *value) {
-  for (;;) {
-    fputs(prompt, stderr);
-    int n = read_number(width);
-    if (n == BACK_TO_MENU || console_io.at_end) return 0;
-    if (n == KEEP_DEFAULT) n = if_enter;
-    if (n >= lo && n <= hi) {
-      beep(1760, 50);
-      *value = n;
-      return 1;
-    }
-    beep(220, 150);
-  }
+  int got = ask_file_name(label, fallback, out, size);
+  return got > 0 || (got == 0 && !console_io.at_end);
 }
 
 // Mode, copies and output, each asked until the answer is valid; 0 when
@@ -91,14 +60,14 @@ static int confirm(const char *question) {
 static int print_copy(const char *program, const char *output, int printer_mode) {
   RunState &r = run_state;
   FILE *in = fopen(program, "r");
-  if (in == nullptr) return not_open("Tacto [%s] was not open", program, "press any key ? ");
+  if (in == nullptr) return refuse_with_key("Tacto [%s] was not open", program, "press any key ? ");
   copy_text(r.fname, NAME_SIZE, program);
   copy_text(r.program_file, PROGRAM_FILE_SIZE, program);
   winstack_set_top(in, program);
   FILE *out = fopen(output, "w");
   if (out == nullptr) {
     fclose(in);
-    return not_open("output [%s] was not open", output, "press any key ? ");
+    return refuse_with_key("output [%s] was not open", output, "press any key ? ");
   }
   begin_copy(out, printer_mode);
   r.print_out = out;
@@ -127,7 +96,7 @@ int print_program(const char *program, const char *output, int copies, int print
     if (ok && target == TO_PRINTER && !copy_to_port(output)) {
       char port[PORT_NAME_SIZE + 16];
       serial_device(port, sizeof port);
-      ok = not_open("port [%s] was not open", port, "press any key ? ");
+      ok = refuse_with_key("port [%s] was not open", port, "press any key ? ");
     }
   }
   if (r.run_mode == MODE_CONVERT) r.run_mode = MODE_NORMAL;
@@ -137,16 +106,13 @@ int print_program(const char *program, const char *output, int copies, int print
 
 int print_screen() {
   RunState &r = run_state;
-  copy_text(r.fname, NAME_SIZE, "program");
-  copy_text(r.cname, NAME_SIZE, "program");
-  beep(1760, 50);
-  fprintf(stderr, "\n\nPrint a command Program\n%s\n", kBack);
+  screen_title("program", "Print a command Program");
 
   char program[PROGRAM_FILE_SIZE];
   if (!ask_name("Tacto file", r.program_file, program, sizeof program)) return 1;
   FILE *probe = fopen(program, "r");
   if (probe == nullptr) {
-    not_open("Tacto [%s] was not open", program, "\n   press any key ? ");
+    refuse_with_key("Tacto [%s] was not open", program, "\n   press any key ? ");
     return 1;
   }
   fclose(probe);
@@ -165,7 +131,7 @@ int print_screen() {
     if (!ask_name(target == TO_FILE ? "output file" : "exchange file", fallback, output, sizeof output)) return 1;
     FILE *test = fopen(output, "w");
     if (test == nullptr) {
-      not_open("file [%s] was not open", output, "   press any key ? ");
+      refuse_with_key("file [%s] was not open", output, "   press any key ? ");
       return 1;
     }
     fclose(test);

@@ -15,9 +15,6 @@ struct PrintScreen {
 };
 extern PrintScreen print_screen_state;
 
-// Restores the defaults: no copies yet, plotter mode, the printer.
-void reset_print_screen();
-
 // The screen: asks for the program, the mode, the copies and the output,
 // confirms, and prints. Returns 1 to the menu (also after a refusal).
 int print_screen();

@@ -19,17 +19,9 @@
 // Asks a number within lo..hi, showing the current value; 0 on going back or
 // on Enter (nothing to change), 1 with *value set.
 static int ask(const char *choices, const char *label, const char *current, int lo, int hi, int *value) {
-  for (;;) {
-    fprintf(stderr, "\n%s\n%s [%s] = ", choices, label, current);
-    int n = read_number(2);
-    if (n == BACK_TO_MENU || n == KEEP_DEFAULT || console_io.at_end) return 0;
-    if (n >= lo && n <= hi) {
-      beep(1760, 50);
-      *value = n;
-      return 1;
-    }
-    beep(220, 150);
-  }
+  char prompt[192];
+  snprintf(prompt, sizeof prompt, "\n%s\n%s [%s] = ", choices, label, current);
+  return ask_number(prompt, 2, BACK_TO_MENU, lo, hi, value);
 }
 
 static void printer_and_paper() {

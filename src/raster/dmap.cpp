@@ -23,12 +23,12 @@ static int collect_dot(const SinkDot &d, int taken) {
 }
 
 static const Sink kDotMapSink = {"dot map", RANK_DOT_MAP, collect_dot, nullptr, nullptr, nullptr, nullptr, nullptr};
-[[maybe_unused]] static const int reset_listed = add_reset(reset_dmap) + add_sink(&kDotMapSink);
 
 void reset_dmap() {
   if (dmap.rows != nullptr) free_dmap();
   dmap = DotMap();
 }
+[[maybe_unused]] static const int reset_listed = add_reset(reset_dmap) + add_sink(&kDotMapSink);
 
 // Bytes in one row of the map.
 static int row_bytes() { return dmap.col_max / 4 + 2; }

@@ -9,26 +9,17 @@
 #include "raster/dmap.h"
 
 PlotState plot_state;
-[[maybe_unused]] static const int reset_listed = add_reset(reset_plot);
 
-void reset_plot() { plot_state = PlotState(); }
+static void reset_plot() { plot_state = PlotState(); }
+[[maybe_unused]] static const int reset_listed = add_reset(reset_plot);
 
 int plot_dot(double wx, double wy, int kind) {
   transform_point(&wx, &wy);
-  SinkDot d{0, wx, wy, 0, 0, 0, 0, kind, plot_state.dot_size, 0};
-  DotPos pos;
-  if (!map_plot(wx, wy, &pos)) {
-    d.dropped = 1;  // outside the window or the frame: only watching sinks see it
-    offer_dot(d);
-    return 0;
-  }
-  if (plot_state.pattern_on && !next_design(1)) return 1;
-  d.dx = pos.dx;
-  d.dy = pos.dy;
-  d.row = pos.row;
-  d.col = pos.col;
-  offer_dot(d);
-  return 1;
+  DotPos pos{};
+  int inside = map_plot(wx, wy, &pos);  // outside the window or frame: only watching sinks see it
+  if (inside && plot_state.pattern_on && !next_design(1)) return 1;
+  offer_dot(SinkDot{0, wx, wy, pos.dx, pos.dy, pos.row, pos.col, kind, plot_state.dot_size, !inside});
+  return inside;
 }
 
 int plot0(int dx, int dy) {

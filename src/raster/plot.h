@@ -18,9 +18,6 @@ struct PlotState {
 };
 extern PlotState plot_state;
 
-// Restores start-up defaults: size 0, no pattern, feeds allowed.
-void reset_plot();
-
 // Puts a dot at a world point (rotated and mirrored first); 0 when it falls
 // outside the window or frame.
 int plot_dot(double wx, double wy, int kind);

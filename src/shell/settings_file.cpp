@@ -16,7 +16,6 @@ static_assert(static_cast<int>(HELP_PATH_SIZE) == static_cast<int>(SYS_HELP_PATH
               "the help path fills the rest of the setup block");
 
 SysFile sys_file;
-[[maybe_unused]] static const int reset_listed = add_reset(reset_sys_file);
 
 // Record sizes after the version: block, grid, frame, window, pitch, serial.
 enum : int { GRID_BYTES = 48, PITCH_BYTES = 16, SERIAL_BYTES = 116 };
@@ -67,7 +66,7 @@ static void preset_from_paper(int set, int paper) {
                                    static_cast<float>(row.window[2]), static_cast<float>(row.window[3])};
 }
 
-void reset_sys_file() {
+static void reset_sys_file() {
   std::string path = sys_file.path;
   sys_file = SysFile();
   sys_file.path = path;
@@ -78,6 +77,7 @@ void reset_sys_file() {
   sys_file.pitch[0] = printer_table[0].pitch_h;
   sys_file.pitch[1] = printer_table[0].pitch_v;
 }
+[[maybe_unused]] static const int reset_listed = add_reset(reset_sys_file);
 
 // The setup block from the run state (named fields over the kept image).
 static void build_block(uint8_t *b) {

@@ -36,9 +36,6 @@ struct SysFile {
 };
 extern SysFile sys_file;
 
-// Built-in defaults of every record; the path is kept.
-void reset_sys_file();
-
 // Reads the file at sys_file.path. Returns 1 when it was read whole;
 // reports every other outcome on the error stream and keeps the defaults
 // of what was not read.

@@ -57,14 +57,16 @@ static int is_option(const char *arg) {
   return stat(arg, &st) != 0;
 }
 
-void shutdown_program() {
+// Closes the lists and the PostScript file and saves the system file.
+static void shutdown_program() {
   if (run_state.log_on) log_list(2);
   if (ps.active) ps_close();
   if (run_state.errlist_on) error_list(2);
   save_sys_file();
 }
 
-void end_program(int status) {
+// Shuts down and ends the process with `status` (the fatal exit).
+[[noreturn]] static void end_program(int status) {
   shutdown_program();
   fputs("\n   quit job!  good bye\n", stderr);
   fflush(stdout);

@@ -6,10 +6,4 @@
 // The whole program; returns the exit status.
 int tacto_main(int argc, char **argv);
 
-// Closes the lists and the PostScript file and saves the system file.
-void shutdown_program();
-
-// Shuts down and ends the process with `status` (fatal failures).
-[[noreturn]] void end_program(int status);
-
 #endif
