@@ -106,9 +106,7 @@ int cmd_select_printer(const Command &cmd) {
 int cmd_document(const Command &) {
   end_job();
   FILE *f = fopen(run_state.fname0, "r");
-  if (f == nullptr) {
-    return put_errorf("document %s can not open", run_state.fname0);
-  }
+  if (f == nullptr) return put_errorf("document %s can not open", run_state.fname0);
   // Lines of at most 71 characters, each character as the embosser's table has it.
   char line[72];
   while (fgets(line, sizeof line, f) != nullptr) {

@@ -24,8 +24,7 @@ int cmd_comment(const Command &cmd);
 int cmd_empty(const Command &cmd);
 int cmd_quit(const Command &cmd);
 
-// device_cmds.cpp: embosser jobs, printer and plotter mode, the output
-// switch, page numbers and the PostScript documents.
+// device_cmds.cpp: embosser jobs, printer/plotter mode, output switch, PostScript and the pen.
 int cmd_begin(const Command &cmd);
 int cmd_end(const Command &cmd);
 int cmd_printer(const Command &cmd);
@@ -34,9 +33,18 @@ int cmd_on_off(const Command &cmd);
 int cmd_page(const Command &cmd);
 int cmd_postscript(const Command &cmd);
 int cmd_inkprint(const Command &cmd);
+int cmd_rgbcolor(const Command &cmd);
+int cmd_cmykcolor(const Command &cmd);
+int cmd_cap(const Command &cmd);
+int cmd_join(const Command &cmd);
+int cmd_gray(const Command &cmd);
+int cmd_width(const Command &cmd);
+int cmd_esize(const Command &cmd);
+int cmd_jsize(const Command &cmd);
+int cmd_efont(const Command &cmd);
+int cmd_jfont(const Command &cmd);
 
-// geom_cmds.cpp: papers and printers, frame, window, origin, orientation,
-// view, angle unit, rotation, mirroring and documents.
+// geom_cmds.cpp: papers, frame, window, origin, orientation, view, angles, rotation, mirror.
 int cmd_radian(const Command &cmd);
 int cmd_degree(const Command &cmd);
 int cmd_frame(const Command &cmd);
@@ -53,8 +61,7 @@ int cmd_mirror(const Command &cmd);
 int cmd_select_printer(const Command &cmd);
 int cmd_document(const Command &cmd);
 
-// raster_cmds.cpp: dash pattern, gap, scrape, move, plot, point, dot size
-// and page feeds.
+// raster_cmds.cpp: dash pattern, gap, scrape, move, plot, point, dot size, page feeds.
 int cmd_design(const Command &cmd);
 int cmd_gap(const Command &cmd);
 int cmd_scrape(const Command &cmd);
@@ -65,8 +72,7 @@ int cmd_dot(const Command &cmd);
 int cmd_formfeed(const Command &cmd);
 int cmd_ff(const Command &cmd);
 
-// draw_cmds.cpp: lines, hatch rows, axes, closed shapes, the eraser, arrows
-// and darts.
+// draw_cmds.cpp: lines, hatch rows, axes, closed shapes, the eraser, arrows, darts.
 int cmd_line(const Command &cmd);
 int cmd_hatch(const Command &cmd);
 int cmd_xaxis(const Command &cmd);
@@ -83,29 +89,15 @@ int cmd_circle(const Command &cmd);
 int cmd_ellipse(const Command &cmd);
 int cmd_oval(const Command &cmd);
 
-// curve_cmds.cpp: the function curve family, splines, broken lines and the
-// box-and-whisker plot.
+// curve_cmds.cpp: function curves, splines, broken lines, box plots.
 int cmd_function_curve(const Command &cmd);
 int cmd_spline(const Command &cmd);
 int cmd_bline(const Command &cmd);
 int cmd_bwplot(const Command &cmd);
 
-// text_cmds.cpp: brl/braille (Braille ASCII as it stands) and kana
-// (Japanese text translated into Braille first).
+// text_cmds.cpp: Braille text (brl/braille, kana) and ink-print text.
 int cmd_braille(const Command &cmd);
 int cmd_kana(const Command &cmd);
-
-// ink_cmds.cpp: the ink-print pen and the ink-print text commands.
-int cmd_rgbcolor(const Command &cmd);
-int cmd_cmykcolor(const Command &cmd);
-int cmd_cap(const Command &cmd);
-int cmd_join(const Command &cmd);
-int cmd_gray(const Command &cmd);
-int cmd_width(const Command &cmd);
-int cmd_esize(const Command &cmd);
-int cmd_jsize(const Command &cmd);
-int cmd_efont(const Command &cmd);
-int cmd_jfont(const Command &cmd);
 int cmd_alphanumeric(const Command &cmd);
 int cmd_kanjikana(const Command &cmd);
 

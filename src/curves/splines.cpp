@@ -61,9 +61,7 @@ int natural_table(CubicTable *t, const double *u, const double *v, int points) {
   double *a = t->a, *b = t->b, *c = t->c, *d = t->d;
   for (int i = 0; i < N; i++) {
     h[i] = u[i + 1] - u[i];
-    if (h[i] > -0.00001 && h[i] < 0.00001) {
-      return put_errorf("zero divide of %d", 0);
-    }
+    if (h[i] > -0.00001 && h[i] < 0.00001) return put_errorf("zero divide of %d", 0);
   }
   for (int i = 0; i <= N; i++) {
     t->u[i] = u[i];
@@ -184,26 +182,16 @@ static int spline_from(SplineWalk &w, const double *given_x, const double *x, co
   const SplineArgs &a = *w.args;
   if (a.kind == 1)
     for (int i = 1; i < n; i++)
-      if (given_x[i] == given_x[i - 1]) {
-        return put_errorf("segment of curve is vertical (data %d-%d)", i, i + 1);
-      }
-  if (!(a.pitch > 0)) {
-    return put_errorf("illegal pitch (%.2fmm)", a.pitch);
-  }
-  if (a.x0 == a.x1) {
-    return put_errorf("no range of x (%.3f-%.3f)", a.x0, a.x1);
-  }
-  if (a.y0 == a.y1) {
-    return put_errorf("no range of y (%.2f-%.2f)", a.y0, a.y1);
-  }
+      if (given_x[i] == given_x[i - 1]) return put_errorf("segment of curve is vertical (data %d-%d)", i, i + 1);
+  if (!(a.pitch > 0)) return put_errorf("illegal pitch (%.2fmm)", a.pitch);
+  if (a.x0 == a.x1) return put_errorf("no range of x (%.3f-%.3f)", a.x0, a.x1);
+  if (a.y0 == a.y1) return put_errorf("no range of y (%.2f-%.2f)", a.y0, a.y1);
   const int N = n - 1;
   if (a.kind == 1) {
     // Kind 1 steps 0.0001 world units from the first x to the last; a data
     // range too wide to walk is refused rather than walked for minutes.
     double span = fabs(x[N] - x[0]) * 10000 + 1e-6;
-    if (!(span <= SPLINE_STEP_LIMIT)) {
-      return put_errorf("too many steps of spline (%.0f)", span);
-    }
+    if (!(span <= SPLINE_STEP_LIMIT)) return put_errorf("too many steps of spline (%.0f)", span);
     w.u0 = x[0];
     w.sign = x[N] < x[0] ? -1 : 1;
     w.steps = static_cast<long>(span);
@@ -228,12 +216,8 @@ static int spline_from(SplineWalk &w, const double *given_x, const double *x, co
 
 int draw_spline(const SplineArgs &a, const double *xs, const double *ys, int n, const PageGeom &g,
                 PointListener taken) {
-  if (a.kind < 1 || a.kind > 4) {
-    return put_errorf("out of range func = %d (1-4)", a.kind);
-  }
-  if (n < 1) {
-    return put_errorf("no data (%d)", n);
-  }
+  if (a.kind < 1 || a.kind > 4) return put_errorf("out of range func = %d (1-4)", a.kind);
+  if (n < 1) return put_errorf("no data (%d)", n);
   SplineWalk w;
   w.args = &a;
   w.tx = w.ty = CubicTable();

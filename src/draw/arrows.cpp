@@ -39,9 +39,7 @@ static void draw_shaft_and_head(float x0, float y0, float x1, float y1, double d
 int draw_arrow(float x0, float y0, float x1, float y1, float head_angle, float head_len, int type,
                float pitch) {
   if (!(pitch > 0)) return pitch_refused(pitch);
-  if (type < HEAD_BOTH || type > HEAD_NONE) {
-    return put_errorf("type should be 0-3 (%d)", type);
-  }
+  if (type < HEAD_BOTH || type > HEAD_NONE) return put_errorf("type should be 0-3 (%d)", type);
   double wx = (double)x1 - x0, wy = (double)y1 - y0;
   double length = sqrt(wx * wx + wy * wy);
   if (length == 0) return put_error("zero length of arrow");
@@ -54,9 +52,7 @@ int draw_arrow(float x0, float y0, float x1, float y1, float head_angle, float h
 int draw_dart(float x0, float y0, float direction, float length, float head_angle, float head_len,
               int type, float pitch) {
   if (!(pitch > 0)) return pitch_refused(pitch);
-  if (type < HEAD_BOTH || type > HEAD_NONE) {
-    return put_errorf("headtype should be 0-3 (%d)", type);
-  }
+  if (type < HEAD_BOTH || type > HEAD_NONE) return put_errorf("headtype should be 0-3 (%d)", type);
   double phi = to_radian(direction);
   float x1 = static_cast<float>(x0 + length * cos(phi));
   float y1 = static_cast<float>(y0 + length * sin(phi));

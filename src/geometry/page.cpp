@@ -59,13 +59,9 @@ static void reset_page_geom() {
 [[maybe_unused]] static const int reset_listed = add_reset(reset_page_geom);
 
 int select_paper(int printer, int paper) {
-  if (printer < 0 || printer > 2) {
-    return put_errorf("illegal printer %d (0-2)", printer);
-  }
+  if (printer < 0 || printer > 2) return put_errorf("illegal printer %d (0-2)", printer);
   static const int first[3] = {0, 2, 4}, last[3] = {1, 3, 9};
-  if (paper < first[printer] || paper > last[printer]) {
-    return put_errorf("illegal paper_size %d (0-9)\n", paper);
-  }
+  if (paper < first[printer] || paper > last[printer]) return put_errorf("illegal paper_size %d (0-9)\n", paper);
   set_portrait();
   load_paper(page_geom, paper);
   run_state.printer = page_geom.printer;
@@ -115,28 +111,16 @@ static int proper_range(float a, float b) { return std::isfinite(a) && std::isfi
 
 int set_frame(int x0, int x1, int y0, int y1, double wx0, double wx1, double wy0, double wy1) {
   const IntRect &p = page_geom.p;
-  if (x0 < p.x0 || x0 > p.x1) {
-    return put_errorf("frame out of grid: x0 = %d (%d-%d)", x0, p.x0, p.x1);
-  }
-  if (y0 < p.y0 || y0 > p.y1) {
-    return put_errorf("frame out of grid: y0 = %d (%d-%d)", y0, p.y0, p.y1);
-  }
-  if (x1 < x0 || x1 > p.x1) {
-    return put_errorf("frame out of range: x1 = %d (%d-%d)", x1, x0, p.x1);
-  }
-  if (y1 < y0 || y1 > p.y1) {
-    return put_errorf("frame out of range: y1 = %d (%d-%d)", y1, y0, p.y1);
-  }
+  if (x0 < p.x0 || x0 > p.x1) return put_errorf("frame out of grid: x0 = %d (%d-%d)", x0, p.x0, p.x1);
+  if (y0 < p.y0 || y0 > p.y1) return put_errorf("frame out of grid: y0 = %d (%d-%d)", y0, p.y0, p.y1);
+  if (x1 < x0 || x1 > p.x1) return put_errorf("frame out of range: x1 = %d (%d-%d)", x1, x0, p.x1);
+  if (y1 < y0 || y1 > p.y1) return put_errorf("frame out of range: y1 = %d (%d-%d)", y1, y0, p.y1);
   // The window is kept in single precision: it must still be a proper range
   // once narrowed (values that meet or overflow there are refused too).
   FloatRect w{static_cast<float>(wx0), static_cast<float>(wx1), static_cast<float>(wy0),
               static_cast<float>(wy1)};
-  if (!proper_range(w.x0, w.x1)) {
-    return put_errorf("frame illegal x range of window (%.2f-%.2f)", wx0, wx1);
-  }
-  if (!proper_range(w.y0, w.y1)) {
-    return put_errorf("frame illegal y range of window (%.2f-%.2f)", wy0, wy1);
-  }
+  if (!proper_range(w.x0, w.x1)) return put_errorf("frame illegal x range of window (%.2f-%.2f)", wx0, wx1);
+  if (!proper_range(w.y0, w.y1)) return put_errorf("frame illegal y range of window (%.2f-%.2f)", wy0, wy1);
   page_geom.f = IntRect{x0, x1, y0, y1};
   page_geom.w = w;
   return 1;
@@ -148,12 +132,8 @@ int set_window(double wx0, double wx1, double wy0, double wy1) {
 }
 
 int check_bias(double bias_x, double bias_y) {
-  if (!(bias_x > 0)) {
-    return put_errorf("negative or zero bias x = %.2f", bias_x);
-  }
-  if (!(bias_y > 0)) {
-    return put_errorf("negative or zero bias y = %.2f", bias_y);
-  }
+  if (!(bias_x > 0)) return put_errorf("negative or zero bias x = %.2f", bias_x);
+  if (!(bias_y > 0)) return put_errorf("negative or zero bias y = %.2f", bias_y);
   return 1;
 }
 

@@ -35,20 +35,14 @@ int define_macro(const char *text) {
   const char *rest = nullptr;
   std::string word = first_word(text, &rest);
   if (word.empty()) return put_error("define no entry word");
-  if (word.size() >= MACRO_WORD_SIZE) {
-    return put_errorf("define too long entry word (%s)", word.c_str());
-  }
+  if (word.size() >= MACRO_WORD_SIZE) return put_errorf("define too long entry word (%s)", word.c_str());
   if (!isalpha(static_cast<unsigned char>(word[0]))) {
     return put_errorf("define non-alphabetical entry word (%s)", word.c_str());
   }
   rest += strspn(rest, " ");
   std::string repl(rest, strcspn(rest, "\n"));
-  if (repl.empty()) {
-    return put_errorf("define empty string (%s)", word.c_str());
-  }
-  if (repl.size() > MACRO_TEXT_MAX) {
-    return put_errorf("define replaced string is too long (%s)", repl.c_str());
-  }
+  if (repl.empty()) return put_errorf("define empty string (%s)", word.c_str());
+  if (repl.size() > MACRO_TEXT_MAX) return put_errorf("define replaced string is too long (%s)", repl.c_str());
   for (int i = 1; i <= vtab.count; i++) {
     MacroEntry &e = vtab.entry[i];
     if (word == e.word) {

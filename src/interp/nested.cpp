@@ -25,9 +25,7 @@ static int run_nested(const char *file, double ox, double oy, double bias_x, dou
   copy_text(run_state.cname, NAME_SIZE, "paste");
   std::string path = resolve(file);
   if (!check_bias(bias_x, bias_y)) return 0;
-  if (!push_win(stackwin.stream)) {
-    return put_errorf("stack can not be pushed. deep = %d", stackwin.depth);
-  }
+  if (!push_win(stackwin.stream)) return put_errorf("stack can not be pushed. deep = %d", stackwin.depth);
   const FloatRect w = page_geom.w;
   const IntRect f = page_geom.f;
   if (!set_frame(f.x0, f.x1, f.y0, f.y1, (w.x0 - ox) / bias_x, (w.x1 - ox) / bias_x, (w.y0 - oy) / bias_y,

@@ -21,9 +21,7 @@ static int read_numbers(const char *text, int n, const char *who, int mode = LOO
   for (int i = 1; i <= n && i < PARAM_SIZE; i++) {
     char *end = nullptr;
     double v = strtod(p, &end);
-    if (end == p) {
-      return put_errorf("%s illegal param %d in %d", who, i, n);
-    }
+    if (end == p) return put_errorf("%s illegal param %d in %d", who, i, n);
     r.param[i] = v;
     p = end;
   }
@@ -46,9 +44,7 @@ int readp2(const char *text, int n, FILE *stream) {
       int at = n + 2 * k + pos - 1;
       char *end = nullptr;
       double v = strtod(p, &end);
-      if (end == p) {
-        return put_errorf("readp2 illegal data %.2lf (%d, %d)", r.param[at - 1], k, pos);
-      }
+      if (end == p) return put_errorf("readp2 illegal data %.2lf (%d, %d)", r.param[at - 1], k, pos);
       r.param[at] = v;
       p = end;
     }

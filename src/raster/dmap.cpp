@@ -92,12 +92,8 @@ static void store(int row, int col, int size) {
 }
 
 int set_dot(int row, int col, int size) {
-  if (!inside(row, col)) {
-    return put_errorf("overflow set_dot (%d, %d)", row, col);
-  }
-  if (size < 0 || size > 6) {
-    return put_errorf("illegal size %d set_dot(0-6)", size);
-  }
+  if (!inside(row, col)) return put_errorf("overflow set_dot (%d, %d)", row, col);
+  if (size < 0 || size > 6) return put_errorf("illegal size %d set_dot(0-6)", size);
   if (run_state.run_mode == MODE_CONVERT && size != 3) {
     if (row < dmap.row_lo) dmap.row_lo = row;
     if (row > dmap.row_hi) dmap.row_hi = row;
@@ -195,9 +191,7 @@ void reset_gap() {
 }
 
 int set_gap(int flag, double value_mm) {
-  if (flag < 0 || flag > 2) {
-    return put_errorf("illeegal gap_flag %d (0-2)\n", flag);
-  }
+  if (flag < 0 || flag > 2) return put_errorf("illeegal gap_flag %d (0-2)\n", flag);
   if (!dmap.in_use) return 1;
   if (flag == 0) {
     reset_gap();
@@ -225,9 +219,7 @@ int scrape(double wx, double wy, double radius_mm) {
   if (radius == 0) return 0;
   DotPos pos;
   if (!cell_of(&wx, &wy, &pos)) return 0;
-  if (!inside(pos.row, pos.col)) {
-    return put_errorf("overflow (%d, %d)", pos.row, pos.col);
-  }
+  if (!inside(pos.row, pos.col)) return put_errorf("overflow (%d, %d)", pos.row, pos.col);
   fprintf(stderr, "\nscrape (%.2f, %.2f) radius %d dot", wx, wy, radius);
   long long rr = static_cast<long long>(radius) * radius;
   int r0, r1, c0, c1;

@@ -93,9 +93,7 @@ int set_design(int mode, int on1, int off1, int on2, int off2) {
         return put_errorf("illegal design %d %d %d %d (0-)", on1, off1, on2, off2);
       }
       long long len = static_cast<long long>(on1) + off1 + on2 + off2;
-      if (len > DESIGN_CAPACITY) {
-        return put_errorf("too long design %lld (1-%d)", len, DESIGN_CAPACITY);
-      }
+      if (len > DESIGN_CAPACITY) return put_errorf("too long design %lld (1-%d)", len, DESIGN_CAPACITY);
       int runs[4] = {on1, off1, on2, off2}, k = 0;
       for (int i = 0; i < 4; i++)
         for (int j = 0; j < runs[i]; j++) s.pattern[k++] = (i % 2 == 0) ? 1 : 0;

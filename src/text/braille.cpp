@@ -62,18 +62,14 @@ int draw_braille(float x, float y, const char *text) {
   copy_text(line, LINE_SIZE, text);
   float top = static_cast<float>(y + mm_to_dy(2.0));
   // Only the left edge is tested here: the length test covers the right one.
-  if (!(x >= g.w.x0)) {
-    return put_warningf("overflow %s: %.2f (%.2f-%2.f)", line, x, g.w.x0, g.w.x1);
-  }
+  if (!(x >= g.w.x0)) return put_warningf("overflow %s: %.2f (%.2f-%2.f)", line, x, g.w.x0, g.w.x1);
   if (!(top >= g.w.y0 && top <= g.w.y1)) {
     return put_warningf("overflow %s: %.2f (%2.f-%2.f", line, top, g.w.y0, g.w.y1);
   }
   char *feed = strchr(line, '\n');
   if (feed != nullptr) *feed = '\0';
   long long end = static_cast<long long>(strlen(line)) * gap_s() + trunc_int(world_to_grid_x(x));
-  if (end > g.f.x1) {
-    return put_warningf("too long (%s)", line);
-  }
+  if (end > g.f.x1) return put_warningf("too long (%s)", line);
   for (char *c = line; *c != '\0'; c++) *c = static_cast<char>(normalize_char(static_cast<unsigned char>(*c)));
   if (embosser_writes_text()) return send_text(x, top, line);
   draw_cells(x, top, line);
