@@ -278,8 +278,8 @@ struct Probe {
 enum Verdict { DOT, NO_DOT, NO_DOT_SO_FAR };
 
 struct ArcRun {
-  const ArcWalk *w;
   const PaperScale *scale;
+  double rx, ry;
   double p2, kx, ky;       // kx, ky: millimetres per world unit, in double
   double a2, b2;           // squared semi-axes on paper
   double lo_rel, hi_rel;   // p2 (1 -+ 2^-40)
@@ -291,7 +291,7 @@ struct ArcRun {
 };
 }  // namespace
 
-static void probe_library(const ArcRun &r, Probe &p, long k) {
+static inline void probe_library(const ArcRun &r, Probe &p, long k) {
   double t = r.t + k * r.dt;
   p.k = k;
   p.c = cos(t);
@@ -299,7 +299,7 @@ static void probe_library(const ArcRun &r, Probe &p, long k) {
   p.rot = 0;
 }
 
-static void probe_move(const ArcRun &r, Probe &p, long k) {
+static inline void probe_move(const ArcRun &r, Probe &p, long k) {
   if (k == p.k) return;
   if (p.rot >= ROTATION_LIMIT || (k != p.k + 1 && k != p.k - 1)) return probe_library(r, p, k);
   double sd = k > p.k ? r.sd : -r.sd;
@@ -325,9 +325,9 @@ static void probe_move(const ArcRun &r, Probe &p, long k) {
 // lo_abs and hi_abs lie S2 2^-34 + p2 2^-40 from p2, more than all of these
 // together: below lo_abs the true chord is short of the pitch by more than
 // the walk's error, so while the chord grows no earlier step reaches it.
-static Verdict arc_verdict(const ArcRun &r, Probe &p) {
+static inline Verdict arc_verdict(const ArcRun &r, Probe &p) {
   for (;;) {
-    double ox = r.w->rx * p.c, oy = r.w->ry * p.s;
+    double ox = r.rx * p.c, oy = r.ry * p.s;
     double ex = ox - r.u, ey = oy - r.v;
     double X = r.kx * ex, Y = r.ky * ey;
     double f = X * X + Y * Y;
@@ -346,7 +346,7 @@ static Verdict arc_verdict(const ArcRun &r, Probe &p) {
 
 // Whether the true chord grows all the way from the last dot to the probe's
 // step. The tangent product carries errors of at most S2 2^-38.9.
-static bool chord_grows(const ArcRun &r, const Probe &p) {
+static inline bool chord_grows(const ArcRun &r, const Probe &p) {
   double angle = fabs(r.t + p.k * r.dt - r.tl);
   if (angle <= r.angle_lim) return true;
   if (!(angle <= 3.0)) return false;
@@ -368,13 +368,20 @@ static long arc_next_dot(const ArcRun &r, long b, long hi, long guess, Probe &p)
     }
   }
   // No dot at or before k - 1, unless a step below says otherwise.
+  Probe at_k = p;
   for (long j = k - 1; j >= b; j--) {
     probe_move(r, p, j);
     Verdict v = arc_verdict(r, p);
     if (v == NO_DOT_SO_FAR) break;
-    if (v == DOT) k = j;
+    if (v == DOT) {
+      k = j;
+      at_k = p;
+    }
   }
-  if (k <= hi && (p.k != k || p.rot != 0)) probe_library(r, p, k);
+  if (k <= hi) {
+    p = at_k;
+    if (p.rot != 0) probe_library(r, p, k);
+  }
   return k;
 }
 
@@ -388,8 +395,9 @@ void walk_arc_dots(const ArcWalk &w, const PaperScale &scale, DotSink sink, void
   auto past = [&](double t) { return !(ccw ? t <= w.t1 : t >= w.t1); };
 
   ArcRun r;
-  r.w = &w;
   r.scale = &scale;
+  r.rx = w.rx;
+  r.ry = w.ry;
   r.p2 = p2;
   r.kx = static_cast<double>(scale.kx / scale.span_x);
   r.ky = static_cast<double>(scale.ky / scale.span_y);
