@@ -430,6 +430,9 @@ TEST(WalkCases, DegenerateAndNonFinite) {
   arc(1, 1, 0, 6.283184, 1e-30f);
   arc(1e30, 1e30, 0, 6.283184, 1);
   arc(1, 1, 600, 606.283184, 1);  // large angles
+  arc(2, 1, 1e9, 1e9 + 6.283184, 0.4f);
+  arc(2, 1, 4e12, 4e12 - 6.283184, -0.4f);  // a step of about two units in the last place
+  arc(1.5, 0.7, 0, 100 * 6.283184, 0.3f);   // a hundred turns
   for (const Case &c : cases) EXPECT_EQ(compare(c), "");
 }
 
