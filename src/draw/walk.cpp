@@ -27,17 +27,20 @@
 // D(k). D is decided by the walk's own expression, or without it where a
 // cheaper value with a proven error bound already decides it:
 //   line: X = fl(Kx * fl(c - lx)) with Kx the double nearest kx / span_x
-//     differs from mx by at most 4 units in the last place (2^-53
-//     relative), so f = fl(X * X + Y * Y) is within 2^-48 of the walk's own
-//     sum, relatively: f >= p2 (1 + 2^-40) proves D, f < p2 (1 - 2^-40)
-//     proves not D; in between the walk's expression decides.
+//     is within 4 * 2^-53 of mx, relatively (three roundings each way, two
+//     of them in long double), so f = fl(X * X + Y * Y) is within 2^-48 of
+//     the walk's own sum: f >= p2 (1 + 2^-40) proves D, f < p2 (1 - 2^-40)
+//     proves not D; in between the walk's expression decides. (p2 between
+//     2^-500 and 2^500 keeps underflow far below these margins.)
 //   arc: cosines and sines come from the library (the walk's own values) or
 //     from at most ROTATION_LIMIT rotations by the window's exact step; see
 //     arc_verdict for the bounds.
 // Line: every operation of the test rounds monotonically and c(k) - lx only
 // grows in size, so D is monotone in k: false up to the dot, true from it.
 // The dot is found from a guess (the last spacing) by checking the steps at
-// and just before it (first_true).
+// and just before it (first_true_near). The end tests compare the exact
+// positions with the walk's own bounds (a tenth of a sub-step beyond the end
+// one way, short of it the other) and are monotone too.
 // Arc: the true chord (in real numbers) grows with the angle as long as the
 // tangent has turned less than a right angle since the last dot (the chord
 // lies inside the cone of the tangents it passed, so it has a positive part
