@@ -356,6 +356,21 @@ static inline bool chord_grows(const ArcRun &r, const Probe &p) {
   return r.a2 * r.sl * p.s + r.b2 * r.cl * p.c > r.cross_min;
 }
 
+// The usual case, settled at once: the probe (library values, inside the
+// range where the chord grows) is a dot and the step before it rules out
+// every earlier one.
+static inline bool quick_dot(const ArcRun &r, const Probe &p) {
+  double ex = r.rx * p.c - r.u, ey = r.ry * p.s - r.v;
+  double X = r.kx * ex, Y = r.ky * ey;
+  if (p.rot != 0 || !(X * X + Y * Y >= r.hi_rel)) return false;
+  double c = p.c * r.cd + p.s * r.sd, s = p.s * r.cd - p.c * r.sd;  // one step back
+  ex = r.rx * c - r.u;
+  ey = r.ry * s - r.v;
+  X = r.kx * ex;
+  Y = r.ky * ey;
+  return X * X + Y * Y < r.lo_abs;
+}
+
 // The first dot at a step in [b, hi] of the run, hi + 1 when there is none,
 // or -1 when the chord is not known to grow that far. Leaves the probe at
 // the dot with the library's values.
@@ -463,7 +478,11 @@ void walk_arc_dots(const ArcWalk &w, const PaperScale &scale, DotSink sink, void
     Probe p{-2, 0, 0, 0};
     long b = 0;
     while (b < end) {
-      long k = arc_next_dot(r, b, end - 1, last_dot - i + spacing, p);
+      long k = std::max(b, std::min(end - 1, last_dot - i + spacing));
+      probe_move(r, p, k);
+      if (!(k > b && fabs(r.t + k * dt - r.tl) <= r.angle_lim && quick_dot(r, p))) {
+        k = arc_next_dot(r, b, end - 1, k, p);
+      }
       if (k < 0) {
         plain = 1;
         break;
