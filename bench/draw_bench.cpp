@@ -21,6 +21,15 @@ static void BM_PitchLine(benchmark::State &state) {
 }
 BENCHMARK(BM_PitchLine);
 
+// A 10 cm line (one world unit is a centimetre on this page) at 1.5 mm
+// pitch: 67 dots. The diagonal through the centre crosses zero on both axes.
+static void BM_PitchLine10cm(benchmark::State &state) {
+  start_print_job();
+  for (auto _ : state) benchmark::DoNotOptimize(pitch_line(-3, -4, 3, 4, 1.5));
+  end_print_job();
+}
+BENCHMARK(BM_PitchLine10cm);
+
 static void BM_FullCircle(benchmark::State &state) {
   start_print_job();
   for (auto _ : state) benchmark::DoNotOptimize(draw_circle(0, 0, 8, 0, 360, 1.5));
@@ -42,13 +51,10 @@ BENCHMARK(BM_Polygon20);
 // cleared between pages, as a printed page would be.
 static void draw_page() {
   unsigned seed = 12345;
-  auto next = [&seed](float span) {
-    seed = seed * 1103515245u + 12345u;
-    return (static_cast<float>((seed >> 8) & 0xffff) / 65535.0f - 0.5f) * 2 * span;
-  };
-  for (int k = 0; k < 500; k++) {
-    float x = next(6), y = next(8), a = 1.5f + next(0.5f), b = 1.5f + next(0.5f);
-    switch (k % 8) {
+  for (int k = 0; k < PAGE_FIGURES; k++) {
+    PageFigure f = page_figure(seed, k);
+    float x = f.x, y = f.y, a = f.a, b = f.b;
+    switch (f.kind) {
       case 0: pitch_line(x, y, x + a, y + b, 1.5); break;
       case 1: draw_rectangle(x, y, x + a, y + b, 1.5); break;
       case 2: draw_circle(x, y, a, 0, 360, 1.5); break;

@@ -85,7 +85,10 @@ void leave_plotter_mode() {
 }
 
 void emit_dot_address(int row, int col) {
-  emit_formatted("%c%c%c%c", col / 32 + 32, col % 32 + 96, row / 32 + 32, row % 32 + 64);
+  // The bytes "%c%c%c%c" would give, without formatting every dot.
+  const char address[4] = {static_cast<char>(col / 32 + 32), static_cast<char>(col % 32 + 96),
+                           static_cast<char>(row / 32 + 32), static_cast<char>(row % 32 + 64)};
+  emit(address, 4);
 }
 
 void emit_move(int row, int col) {

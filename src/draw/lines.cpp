@@ -6,13 +6,10 @@
 #include "core/diag.h"
 #include "devices/inkprint.h"
 #include "devices/postscript.h"
+#include "draw/walk.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
 #include "raster/plot.h"
-
-// A walk never goes this many sub-steps past its end; only coordinates that
-// are not finite, which never meet the end test, ever reach the limit.
-static const int WALK_SLACK = 100;
 
 PaperScale paper_scale(const PageGeom &g) {
   double px = g.portrait ? g.pitch_h : g.pitch_v;
@@ -43,31 +40,7 @@ int pitch_line(float x0, float y0, float x1, float y1, float pitch) {
     plot_at(x0, y0);
     return 1;
   }
-  const PaperScale scale = paper_scale(page_geom);
-  const double p2 = (double)pitch * pitch;
-  const double sx = wx * 0.0001, sy = wy * 0.0001;
-  // Walking towards smaller values the bound lies a tenth of a sub-step short
-  // of the end, so the final sub-step is never examined; kept so on purpose.
-  const int test_x = x0 != x1, test_y = y0 != y1;
-  const int up_x = x0 < x1, up_y = y0 < y1;
-  const double stop_x = up_x ? x1 + 0.1 * sx : x1 - 0.1 * sx;
-  const double stop_y = up_y ? y1 + 0.1 * sy : y1 - 0.1 * sy;
-
-  plot_at(x0, y0);
-  double cx = x0, cy = y0, lx = x0, ly = y0;
-  for (int i = 0; i <= PITCH_LINE_STEPS + WALK_SLACK; i++) {
-    if (test_x && (up_x ? cx > stop_x : cx < stop_x)) break;
-    if (test_y && (up_y ? cy > stop_y : cy < stop_y)) break;
-    double mx = mm_along_x(scale, cx - lx);
-    double my = mm_along_y(scale, cy - ly);
-    if (mx * mx + my * my >= p2) {
-      plot_at(cx, cy);
-      lx = cx;
-      ly = cy;
-    }
-    cx += sx;
-    cy += sy;
-  }
+  walk_line_dots(x0, y0, x1, y1, pitch, paper_scale(page_geom), plot_sink, nullptr);
   return 1;
 }
 

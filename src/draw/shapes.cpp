@@ -6,15 +6,12 @@
 
 #include "core/diag.h"
 #include "draw/lines.h"
+#include "draw/walk.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
 #include "raster/plot.h"
 
 #define TACTO_TWO_PI 6.283184  // twice the program's pi
-
-static void plot_at(double x, double y, int kind) {
-  plot_dot(static_cast<float>(x), static_cast<float>(y), kind);
-}
 
 // The closed outline through count corners, the last equal to the first:
 // one pitch line per edge, each starting the dash pattern afresh.
@@ -91,39 +88,14 @@ int draw_polygon(int n, float cx, float cy, float r, float pitch) {
 // One elliptical walk: the start with code 1, a code-2 dot whenever the
 // offset from the centre has moved `pitch` on paper since the last dot, the
 // end with code 3. The pitch's sign gives the direction.
-struct ArcWalk {
-  double cx, cy, rx, ry;
-  double t0, t1;   // radians
-  double step;     // radians per examined step
-  float pitch;
-  int oval_end;    // the oval's counter-clockwise end point lacks the centre
-};
-
 static void walk_arc(ArcWalk w) {
-  const PaperScale scale = paper_scale(page_geom);
-  const double p2 = (double)w.pitch * w.pitch;
   const int ccw = w.pitch > 0;
   if (ccw) {
     if (w.t1 < w.t0) w.t1 += TACTO_TWO_PI;
   } else if (w.t0 < w.t1) {
     w.t1 -= TACTO_TWO_PI;
   }
-  double u = w.rx * cos(w.t0), v = w.ry * sin(w.t0);
-  plot_at(w.cx + u, w.cy + v, PATH_START);
-  const double step = ccw ? w.step : -w.step;
-  for (double t = w.t0; ccw ? t <= w.t1 : t >= w.t1; t += step) {
-    double ox = w.rx * cos(t), oy = w.ry * sin(t);
-    double mx = mm_along_x(scale, ox - u);
-    double my = mm_along_y(scale, oy - v);
-    if (mx * mx + my * my >= p2) {
-      plot_at(w.cx + ox, w.cy + oy, PATH_ON);
-      u = ox;
-      v = oy;
-    }
-  }
-  double ex = w.rx * cos(w.t1), ey = w.ry * sin(w.t1);
-  if (w.oval_end && ccw) plot_at(ex, ey, PATH_END);
-  else plot_at(w.cx + ex, w.cy + ey, PATH_END);
+  walk_arc_dots(w, paper_scale(page_geom), plot_sink, nullptr);
 }
 
 // Angles whose walk could never end: not finite, so large that a step no

@@ -213,15 +213,18 @@ int load_sys_file() {
   return 1;
 }
 
+// 1 when the file at path holds exactly these bytes.
+static int file_holds(const char *path, const uint8_t *bytes, size_t size) {
+  FILE *f = fopen(path, "rb");
+  if (f == nullptr) return 0;
+  uint8_t old[SYS_FILE_SIZE + 1];
+  size_t n = fread(old, 1, sizeof old, f);
+  fclose(f);
+  return n == size && memcmp(old, bytes, size) == 0;
+}
+
 int save_sys_file() {
   const char *path = sys_file.path.c_str();
-  std::string temp = sys_file.path + ".new";
-  FILE *f = fopen(temp.c_str(), "wb");
-  if (f == nullptr) {
-    beep(220, 150);
-    fprintf(stderr, "\n!!! Dr. Orvane: I could not save your system file (%s).", path);
-    return 0;
-  }
   // The current sets are the geometry in force.
   sys_file.grid[0] = page_geom.p;
   sys_file.frame[0] = page_geom.f;
@@ -229,10 +232,14 @@ int save_sys_file() {
   sys_file.pitch[0] = page_geom.pitch_h;
   sys_file.pitch[1] = page_geom.pitch_v;
 
-  uint8_t version[SYS_VERSION_SIZE] = {0};
+  // The whole file, record after record.
+  static_assert(SYS_VERSION_SIZE + SYS_BLOCK_SIZE + 3 * GRID_BYTES + PITCH_BYTES + SERIAL_BYTES == SYS_FILE_SIZE,
+                "the records fill the file");
+  uint8_t image[SYS_FILE_SIZE] = {0};
+  uint8_t *version = image, *block = version + SYS_VERSION_SIZE, *grid = block + SYS_BLOCK_SIZE;
+  uint8_t *frame = grid + GRID_BYTES, *window = frame + GRID_BYTES, *pitch = window + GRID_BYTES;
+  uint8_t *port = pitch + PITCH_BYTES;
   memcpy(version, TACTO_VERSION, strlen(TACTO_VERSION));
-  uint8_t block[SYS_BLOCK_SIZE], grid[GRID_BYTES], frame[GRID_BYTES], window[GRID_BYTES];
-  uint8_t pitch[PITCH_BYTES], port[SERIAL_BYTES];
   build_block(block);
   put_rects(grid, sys_file.grid);
   put_rects(frame, sys_file.frame);
@@ -241,19 +248,29 @@ int save_sys_file() {
   put_f64(pitch + 8, sys_file.pitch[1]);
   put_serial(port);
 
+  // A file that already holds these bytes is left alone.
+  if (file_holds(path, image, sizeof image)) return 1;
+
+  std::string temp = sys_file.path + ".new";
+  FILE *f = fopen(temp.c_str(), "wb");
+  if (f == nullptr) {
+    beep(220, 150);
+    fprintf(stderr, "\n!!! Dr. Orvane: I could not save your system file (%s).", path);
+    return 0;
+  }
   struct Record {
     const uint8_t *bytes;
     size_t size;
     const char *failure;
   };
   const Record records[7] = {
-      {version, sizeof version, "!!! the system version could not be written\n"},
-      {block, sizeof block, "!!! Dr. Orvane: I could not write your system file"},
-      {grid, sizeof grid, "!!! Dr. Orvane: I could not update your grid file."},
-      {frame, sizeof frame, "!!! Dr. Orvane: I could not update your frame file."},
-      {window, sizeof window, "!!! Dr. Orvane: I could not update your window file."},
-      {pitch, sizeof pitch, "!!! Dr. Orvane: I could not update your grid parameter."},
-      {port, sizeof port, "!!! Dr. Orvane: I could not update your Serial Port file."},
+      {version, SYS_VERSION_SIZE, "!!! the system version could not be written\n"},
+      {block, SYS_BLOCK_SIZE, "!!! Dr. Orvane: I could not write your system file"},
+      {grid, GRID_BYTES, "!!! Dr. Orvane: I could not update your grid file."},
+      {frame, GRID_BYTES, "!!! Dr. Orvane: I could not update your frame file."},
+      {window, GRID_BYTES, "!!! Dr. Orvane: I could not update your window file."},
+      {pitch, PITCH_BYTES, "!!! Dr. Orvane: I could not update your grid parameter."},
+      {port, SERIAL_BYTES, "!!! Dr. Orvane: I could not update your Serial Port file."},
   };
   for (const Record &r : records) {
     if (fwrite(r.bytes, 1, r.size, f) != r.size || fflush(f) != 0) {

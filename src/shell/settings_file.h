@@ -41,8 +41,9 @@ extern SysFile sys_file;
 // of what was not read.
 int load_sys_file();
 
-// Writes the file (a temporary file, then renamed over the old one).
-// Returns 1 on success, 0 after a reported failure.
+// Writes the file (a temporary file, then renamed over the old one) unless
+// it already holds exactly these bytes. Returns 1 on success, 0 after a
+// reported failure.
 int save_sys_file();
 
 #endif

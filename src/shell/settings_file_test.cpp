@@ -4,6 +4,8 @@
 #include <cstring>
 #include <fstream>
 #include <string>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include "core/process.h"
 #include "core/run_state.h"
@@ -143,4 +145,33 @@ TEST_F(SettingsFileTest, AFailedSaveIsReportedAndLeavesNoTruncatedFile) {
             std::string::npos);
   sys_file.path = temp_path("tacto.sys");
   EXPECT_EQ(bytes(), before);
+}
+
+// The file is replaced only when its bytes would change (or it is missing):
+// an unchanged save keeps the very file, a changed or damaged one is renamed over.
+TEST_F(SettingsFileTest, OnlyChangedBytesAreWritten) {
+  auto inode = [&]() {
+    struct stat st;
+    return stat(sys_file.path.c_str(), &st) == 0 ? static_cast<long>(st.st_ino) : -1L;
+  };
+  ASSERT_EQ(save_sys_file(), 1);
+  long first = inode();
+  ASSERT_NE(first, -1);
+  std::string saved = bytes();
+  ASSERT_EQ(save_sys_file(), 1);
+  EXPECT_EQ(inode(), first);
+  EXPECT_EQ(bytes(), saved);
+
+  run_state.alarm = 2;
+  ASSERT_EQ(save_sys_file(), 1);
+  EXPECT_NE(inode(), first);
+  EXPECT_EQ(i32_at(bytes(), BLOCK + 44), 2);
+
+  write_bytes(bytes().substr(0, 100));  // damaged: rewritten whole
+  ASSERT_EQ(save_sys_file(), 1);
+  EXPECT_EQ(bytes().size(), 1794u);
+  unlink(sys_file.path.c_str());  // missing: written
+  ASSERT_EQ(save_sys_file(), 1);
+  EXPECT_EQ(bytes().size(), 1794u);
+  EXPECT_EQ(errors(), "");
 }
