@@ -6,21 +6,9 @@
 #include "core/diag.h"
 #include "devices/inkprint.h"
 #include "devices/postscript.h"
-#include "draw/walk.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
 #include "raster/plot.h"
-
-PaperScale paper_scale(const PageGeom &g) {
-  double px = g.portrait ? g.pitch_h : g.pitch_v;
-  double py = g.portrait ? g.pitch_v : g.pitch_h;
-  PaperScale s;
-  s.kx = (long double)(g.p.x1 - g.p.x0) * px;
-  s.span_x = (long double)g.w.x1 - g.w.x0;
-  s.ky = (long double)(g.p.y1 - g.p.y0) * py;
-  s.span_y = (long double)g.w.y1 - g.w.y0;
-  return s;
-}
 
 static void plot_at(double x, double y) {
   plot_dot(static_cast<float>(x), static_cast<float>(y), PATH_DOT);

@@ -58,6 +58,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "geometry/page.h"
 #include "raster/plot.h"
 
 // A line walk never goes this many sub-steps past its end; only coordinates
@@ -196,6 +197,17 @@ static inline bool line_dot_at(const LineTest &t, double cx, double cy) {
   if (f >= t.hi2) return true;
   if (f < t.lo2) return false;
   return plain_dot_at(t, cx, cy);
+}
+
+PaperScale paper_scale(const PageGeom &g) {
+  double px = g.portrait ? g.pitch_h : g.pitch_v;
+  double py = g.portrait ? g.pitch_v : g.pitch_h;
+  PaperScale s;
+  s.kx = (long double)(g.p.x1 - g.p.x0) * px;
+  s.span_x = (long double)g.w.x1 - g.w.x0;
+  s.ky = (long double)(g.p.y1 - g.p.y0) * py;
+  s.span_y = (long double)g.w.y1 - g.w.y0;
+  return s;
 }
 
 void walk_line_dots(float x0, float y0, float x1, float y1, float pitch, const PaperScale &scale,

@@ -6,7 +6,30 @@
 #ifndef TACTO_DRAW_WALK_H
 #define TACTO_DRAW_WALK_H
 
-#include "draw/lines.h"
+struct PageGeom;
+
+// Sub-steps of every pitch line, whatever its length.
+enum : int { PITCH_LINE_STEPS = 10000 };
+
+// The fixed parts of dx_to_mm / dy_to_mm for one geometry: dots across the
+// grid times the pitch along that axis, and the window's extent, both in
+// extended precision. A walk computes them once instead of at every sub-step.
+struct PaperScale {
+  long double kx, span_x;  // (p.x1 - p.x0) * pitch along x, w.x1 - w.x0
+  long double ky, span_y;
+};
+
+// The scale of a geometry in its current orientation.
+PaperScale paper_scale(const PageGeom &g);
+
+// Millimetres on paper of a world difference along x / y; the same operations
+// in the same order as dx_to_mm / dy_to_mm, so the results are identical.
+inline double mm_along_x(const PaperScale &s, double d) {
+  return static_cast<double>(s.kx * d / s.span_x);
+}
+inline double mm_along_y(const PaperScale &s, double d) {
+  return static_cast<double>(s.ky * d / s.span_y);
+}
 
 // Where a walk's dots go: a world position (double, as the walk holds it)
 // and a path code.

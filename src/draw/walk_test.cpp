@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "support/draw_testing.h"
+#include "draw/lines.h"
 #include "draw/shapes.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
