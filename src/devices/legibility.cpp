@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "interp/diag.h"
-#include "shell/run_state.h"
+#include "core/diag.h"
+#include "core/run_state.h"
 
 void legibility_begin(Legibility &c, double label_mm, double line_mm) {
   c = Legibility();

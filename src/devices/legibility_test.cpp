@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-#include "shell/run_state.h"
+#include "core/run_state.h"
 #include "support/test_env.h"
 
 class LegibilityTest : public TactoTest {

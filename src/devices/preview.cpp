@@ -12,8 +12,7 @@
 #include <cmath>
 #include <cstring>
 
-#include "interp/diag.h"
-#include "shell/run_state.h"
+#include "core/diag.h"
 
 static const double POINTS_PER_MM = 72 / 25.4;
 
@@ -46,10 +45,9 @@ static void release(Preview &pv) {
 
 // Reports an error about the file in hand, gives up the document and returns 0.
 static int fail(Preview &pv, const char *what, const char *reason) {
-  compose("cannot %s %s: %s", what, pv.file_name.c_str(), reason);
   release(pv);
   pv.failed = 1;
-  return put_error(run_state.msg);
+  return put_errorf("cannot %s %s: %s", what, pv.file_name.c_str(), reason);
 }
 
 static cairo_status_t write_chunk(void *closure, const unsigned char *data, unsigned int length) {
@@ -150,13 +148,11 @@ int preview_begin(Preview &pv, const char *path, const Sheet &sheet, int dpi) {
   pv.kind = preview_kind_of(path);
   if (pv.kind < 0) {
     pv.failed = 1;
-    compose("cannot tell the kind of preview %s (.png, .svg or .pdf)", path);
-    return put_error(run_state.msg);
+    return put_errorf("cannot tell the kind of preview %s (.png, .svg or .pdf)", path);
   }
   if (pv.dpi < PREVIEW_DPI_MIN || pv.dpi > PREVIEW_DPI_MAX) {
     pv.failed = 1;
-    compose("illegal dpi %d (%d-%d)", pv.dpi, PREVIEW_DPI_MIN, PREVIEW_DPI_MAX);
-    return put_error(run_state.msg);
+    return put_errorf("illegal dpi %d (%d-%d)", pv.dpi, PREVIEW_DPI_MIN, PREVIEW_DPI_MAX);
   }
   if (pv.kind == PREVIEW_PDF) {
     if (!open_file(pv, pv.path)) return 0;
