@@ -1,14 +1,15 @@
 // serial.cpp - serial port settings applied through termios.
 #include "devices/serial.h"
 
-#include <cctype>
+#include "devices/destination.h"
+
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <poll.h>
-#include <strings.h>
+#include <sys/stat.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -29,14 +30,9 @@ void reset_serial() {
 }
 
 void serial_device(char *buf, int size) {
-  const char *name = serial.port;
-  if (strncasecmp(name, "COM", 3) == 0 && isdigit(static_cast<unsigned char>(name[3]))) {
-    snprintf(buf, size, "/dev/ttyS%d", atoi(name + 3) - 1);
-  } else if (name[0] == '/') {
-    snprintf(buf, size, "%s", name);
-  } else {
-    snprintf(buf, size, "/dev/%s", name);
-  }
+  Destination d;
+  parse_destination(serial.port, serial, &d);
+  snprintf(buf, size, "%s", d.label);
 }
 
 // The termios speed constant of a baud rate; 0 when there is none.
@@ -54,36 +50,45 @@ static speed_t speed_of(int baud) {
   }
 }
 
-void apply_serial() {
-  char path[PORT_NAME_SIZE + 16];
-  serial_device(path, sizeof path);
-  int fd = open(path, O_RDWR | O_NOCTTY | O_NONBLOCK);
-  if (fd < 0) return;
+int set_line(int fd, const SerialSettings &s) {
   struct termios t;
-  if (tcgetattr(fd, &t) == 0) {
-    speed_t speed = speed_of(serial.baud);
-    if (speed != 0) {
-      cfsetispeed(&t, speed);
-      cfsetospeed(&t, speed);
-    }
-    t.c_cflag &= ~CSIZE;
-    switch (serial.data_bits) {
-      case 5: t.c_cflag |= CS5; break;
-      case 6: t.c_cflag |= CS6; break;
-      case 7: t.c_cflag |= CS7; break;
-      default: t.c_cflag |= CS8; break;
-    }
-    t.c_cflag &= ~(PARENB | PARODD);
-    if (serial.parity == 1) t.c_cflag |= PARENB | PARODD;
-    if (serial.parity == 2) t.c_cflag |= PARENB;
-    // One and a half stop bits are sent as two, the nearest the port offers.
-    if (serial.stop == 0) t.c_cflag &= ~CSTOPB;
-    else t.c_cflag |= CSTOPB;
-    if (serial.xon) t.c_iflag |= IXON | IXOFF;
-    else t.c_iflag &= ~(IXON | IXOFF);
-    t.c_cflag |= CLOCAL | CREAD;
-    tcsetattr(fd, TCSANOW, &t);
+  if (tcgetattr(fd, &t) != 0) return 0;
+  speed_t speed = speed_of(s.baud);
+  if (speed != 0) {
+    cfsetispeed(&t, speed);
+    cfsetospeed(&t, speed);
   }
+  t.c_cflag &= ~CSIZE;
+  switch (s.data_bits) {
+    case 5: t.c_cflag |= CS5; break;
+    case 6: t.c_cflag |= CS6; break;
+    case 7: t.c_cflag |= CS7; break;
+    default: t.c_cflag |= CS8; break;
+  }
+  t.c_cflag &= ~(PARENB | PARODD);
+  if (s.parity == 1) t.c_cflag |= PARENB | PARODD;
+  if (s.parity == 2) t.c_cflag |= PARENB;
+  // One and a half stop bits are sent as two, the nearest the port offers.
+  if (s.stop == 0) t.c_cflag &= ~CSTOPB;
+  else t.c_cflag |= CSTOPB;
+  if (s.xon) t.c_iflag |= IXON | IXOFF;
+  else t.c_iflag &= ~(IXON | IXOFF);
+  t.c_cflag |= CLOCAL | CREAD;
+  // Embosser streams are binary: no line feed may grow a carriage return.
+  t.c_oflag &= ~OPOST;
+  return tcsetattr(fd, TCSANOW, &t) == 0;
+}
+
+void apply_serial() {
+  Destination d;
+  struct stat st;
+  if (!parse_destination(serial.port, serial, &d) || (d.kind != DEST_SERIAL && d.kind != DEST_PATH)) return;
+  // Only a terminal takes settings; opening anything else (a pipe above
+  // all, whose reader would see an end) is left to the job.
+  if (stat(d.target, &st) != 0 || !S_ISCHR(st.st_mode)) return;
+  int fd = open(d.target, O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+  if (fd < 0) return;
+  if (isatty(fd)) set_line(fd, serial);
   close(fd);
 }
 

@@ -6,7 +6,7 @@
 enum : int { PORT_NAME_SIZE = 96 };
 
 struct SerialSettings {
-  char port[PORT_NAME_SIZE];  // "COM1" names /dev/ttyS0; a path names itself
+  char port[PORT_NAME_SIZE];  // the destination: "COM1" (/dev/ttyS0), a path, socket://, cups:
   int baud;                   // 9600
   int data_bits;              // 8
   int xon;                    // 1 XON/XOFF, 0 none
@@ -20,11 +20,16 @@ extern const int baud_table[8];
 // Restores the defaults: COM1, 9600 baud, 8 bits, XON/XOFF, no parity, 1 stop bit.
 void reset_serial();
 
-// The device path of the port ("COM3" -> "/dev/ttyS2").
+// The port as messages name it ("COM3" -> "/dev/ttyS2", "cups:emb").
 void serial_device(char *buf, int size);
 
-// Applies the settings to the port's device; a failure goes unreported.
+// Applies the settings when the port is a terminal device; a failure goes
+// unreported.
 void apply_serial();
+
+// Sets a terminal's line to the settings, with raw output so that bytes
+// pass unchanged; 0 when the terminal refuses.
+int set_line(int fd, const SerialSettings &s);
 
 // Copies a file to the port unchanged; 0 when the port cannot be opened or
 // takes no data for half a minute.
