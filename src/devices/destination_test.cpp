@@ -195,10 +195,12 @@ TEST_F(DestinationTest, SocketThatRefusesStaysSilentOrHangsUp) {
   EXPECT_EQ(deliver_buffer(dest(closed), "x", 1, "t", nullptr), 0);
   expect_one_error("printer [" + closed + "] refused the connection");
 
-  // One connection fills the backlog of 0; the next handshake is dropped.
+  // One connection fills the backlog of 0 (once the listener has taken its
+  // last handshake packet); the next handshake is dropped.
   Listener silent(0, false, false);
   int filler = loopback(silent.port(), false);
   ASSERT_GE(filler, 0);
+  usleep(50000);
   Destination d = dest(silent.url());
   d.connect_ms = 300;
   EXPECT_EQ(deliver_buffer(d, "x", 1, "t", nullptr), 0);
@@ -226,8 +228,9 @@ TEST_F(DestinationTest, NamedPipeReaderGetsTheJob) {
 }
 
 TEST_F(DestinationTest, NamedPipeWithoutAWillingReaderEndsTheCopy) {
-  std::string fifo = temp_path("emb.fifo"), job = job_bytes(1 << 20);
+  std::string fifo = temp_path("emb.fifo"), other = temp_path("other.fifo"), job = job_bytes(1 << 20);
   ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+  ASSERT_EQ(mkfifo(other.c_str(), 0600), 0);
   Destination d = dest(fifo);
   d.stall_ms = 200;
   EXPECT_EQ(deliver_buffer(d, "x", 1, "t", nullptr), 0);
@@ -236,17 +239,19 @@ TEST_F(DestinationTest, NamedPipeWithoutAWillingReaderEndsTheCopy) {
   int idle = open(fifo.c_str(), O_RDONLY | O_NONBLOCK);
   EXPECT_EQ(deliver_buffer(d, job.data(), job.size(), "t", nullptr), 0);
   expect_one_error("printer [" + fifo + "] took no data for 0.2 s");
+  close(idle);
 
   // This reader leaves as soon as the first bytes arrive: the pipe breaks,
   // and the program lives on with no signal left pending.
-  std::thread leaver([idle] {
-    pollfd p = {idle, POLLIN, 0};
+  int leaving = open(other.c_str(), O_RDONLY | O_NONBLOCK);
+  std::thread leaver([leaving] {
+    pollfd p = {leaving, POLLIN, 0};
     poll(&p, 1, 10000);
-    close(idle);
+    close(leaving);
   });
-  EXPECT_EQ(deliver_buffer(dest(fifo), job.data(), job.size(), "t", nullptr), 0);
+  EXPECT_EQ(deliver_buffer(dest(other), job.data(), job.size(), "t", nullptr), 0);
   leaver.join();
-  expect_one_error("printer [" + fifo + "] write failed (Broken pipe)");
+  expect_one_error("printer [" + other + "] write failed (Broken pipe)");
   sigset_t pending;
   sigpending(&pending);
   EXPECT_FALSE(sigismember(&pending, SIGPIPE));
