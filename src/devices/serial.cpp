@@ -95,6 +95,9 @@ void apply_serial() {
 int copy_to_port(const char *file) {
   char path[PORT_NAME_SIZE + 16];
   serial_device(path, sizeof path);
+  // Sockets and queues are reached by deliver_file only.
+  Destination d;
+  if (!parse_destination(serial.port, serial, &d) || (d.kind != DEST_SERIAL && d.kind != DEST_PATH)) return 0;
   FILE *in = fopen(file, "rb");
   if (in == nullptr) return 0;
   // A port may be a device or a plain file; writes wait for the embosser,

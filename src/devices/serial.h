@@ -31,8 +31,8 @@ void apply_serial();
 // pass unchanged; 0 when the terminal refuses.
 int set_line(int fd, const SerialSettings &s);
 
-// Copies a file to the port unchanged; 0 when the port cannot be opened or
-// takes no data for half a minute.
+// Copies a file to a serial port or path unchanged; 0 when the port is
+// neither, cannot be opened or takes no data for half a minute.
 int copy_to_port(const char *file);
 
 #endif
