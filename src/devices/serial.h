@@ -6,7 +6,7 @@
 enum : int { PORT_NAME_SIZE = 96 };
 
 struct SerialSettings {
-  char port[PORT_NAME_SIZE];  // "COM1" names /dev/ttyS0; a path names itself
+  char port[PORT_NAME_SIZE];  // the destination: "COM1" (/dev/ttyS0), a path, socket://, cups:
   int baud;                   // 9600
   int data_bits;              // 8
   int xon;                    // 1 XON/XOFF, 0 none
@@ -17,14 +17,8 @@ extern SerialSettings serial;
 
 extern const int baud_table[8];
 
-// The device path of the port ("COM3" -> "/dev/ttyS2").
-void serial_device(char *buf, int size);
-
-// Applies the settings to the port's device; a failure goes unreported.
-void apply_serial();
-
-// Copies a file to the port unchanged; 0 when the port cannot be opened or
-// takes no data for half a minute.
-int copy_to_port(const char *file);
+// Sets a terminal's line to the settings, with raw output so that bytes
+// pass unchanged; 0 when the terminal refuses.
+int set_line(int fd, const SerialSettings &s);
 
 #endif

@@ -9,6 +9,7 @@
 #include "core/run_state.h"
 #include "devices/embosser.h"
 #include "devices/postscript.h"
+#include "devices/destination.h"
 #include "devices/serial.h"
 #include "geometry/page.h"
 #include "geometry/winstack.h"

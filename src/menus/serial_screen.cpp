@@ -11,6 +11,7 @@
 
 #include "core/diag.h"
 #include "core/run_state.h"
+#include "devices/destination.h"
 #include "devices/serial.h"
 #include "menus/console_io.h"
 #include "platform/platform.h"

@@ -13,6 +13,7 @@
 #include "core/process.h"
 #include "core/run_state.h"
 #include "devices/postscript.h"
+#include "devices/destination.h"
 #include "devices/serial.h"
 #include "geometry/page.h"
 #include "geometry/winstack.h"
