@@ -22,6 +22,7 @@
 #include "interp/reader.h"
 #include "menus/main_menu.h"
 #include "platform/platform.h"
+#include "shell/options.h"
 #include "shell/settings_file.h"
 
 static void print_usage() {
@@ -84,8 +85,13 @@ int tacto_main(int argc, char **argv) {
   // 4: options; a later file name replaces an earlier one.
   const char *input_name = nullptr;
   int language = -1, reset = 0;
+  LongOptions opts = no_long_options();
   for (int i = 1; i < argc; i++) {
     const char *arg = argv[i];
+    if (is_long_option(arg)) {
+      if (!read_long_option(arg, &opts)) return 1;
+      continue;
+    }
     if (!is_option(arg)) {
       input_name = arg;
       continue;
@@ -113,6 +119,16 @@ int tacto_main(int argc, char **argv) {
         return 1;
     }
   }
+
+  if (opts.help) {
+    print_long_usage();
+    return 0;
+  }
+  if (opts.version) {
+    printf("tacto " TACTO_VERSION "\n");
+    return 0;
+  }
+  if (!check_long_options(opts, input_name != nullptr)) return 1;
 
   // 6: the program's name, and the files named after it.
   std::string self = argc > 0 ? argv[0] : "";
