@@ -3,24 +3,24 @@
 // plain file and a CUPS scheduler of their own.
 #include "devices/destination.h"
 
-#include <arpa/inet.h>
 #include <cups/cups.h>
 #include <fcntl.h>
 #include <poll.h>
 #include <pty.h>
 #include <signal.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <termios.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <fstream>
+#include <memory>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "core/run_state.h"
+#include "support/print_parts.h"
 #include "support/test_env.h"
 
 // An embosser-like stream: plotter mode, then every byte value many times.
@@ -29,73 +29,6 @@ static std::string job_bytes(size_t size) {
   for (size_t i = 0; i < size; i++) s[i] = static_cast<char>((i * 7 + i / 256) & 0xff);
   return s.replace(0, 4, "\x1b\x1bG\r");
 }
-
-// A TCP socket on 127.0.0.1:`port` (0: an ephemeral one), bound or connected.
-static int loopback(int port, bool bound) {
-  int fd = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  sockaddr_in a = {};
-  a.sin_family = AF_INET;
-  a.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  a.sin_port = htons(static_cast<uint16_t>(port));
-  int ok = bound ? bind(fd, reinterpret_cast<sockaddr *>(&a), sizeof a) : connect(fd, reinterpret_cast<sockaddr *>(&a), sizeof a);
-  if (ok == 0) return fd;
-  close(fd);
-  return -1;
-}
-
-static int port_of(int fd) {
-  sockaddr_in a = {};
-  socklen_t len = sizeof a;
-  getsockname(fd, reinterpret_cast<sockaddr *>(&a), &len);
-  return ntohs(a.sin_port);
-}
-
-// A loopback port nobody listens on (bound, then let go).
-static int free_port() {
-  int fd = loopback(0, true), port = port_of(fd);
-  close(fd);
-  return port;
-}
-
-// A listener on 127.0.0.1 that takes `copies` connections one after another
-// and keeps what each sent until it closed; `hang_up` closes each at once.
-// Not `accepting`, its backlog of 0 makes a host that stops answering.
-class Listener {
- public:
-  explicit Listener(int copies, bool hang_up = false, bool accepting = true) : fd_(loopback(0, true)) {
-    listen(fd_, accepting ? 8 : 0);
-    if (accepting) thread_ = std::thread([=] { serve(copies, hang_up); });
-  }
-  ~Listener() {
-    received();
-    close(fd_);
-  }
-  std::string url() const { return "socket://127.0.0.1:" + std::to_string(port_of(fd_)); }
-  int port() const { return port_of(fd_); }
-  // Every connection's bytes, once all came (or 30 s passed).
-  std::vector<std::string> received() {
-    if (thread_.joinable()) thread_.join();
-    return received_;
-  }
-
- private:
-  void serve(int copies, bool hang_up) {
-    pollfd p = {fd_, POLLIN, 0};
-    for (int i = 0; i < copies && poll(&p, 1, 30000) > 0; i++) {
-      int c = accept(fd_, nullptr, nullptr);
-      std::string got;
-      char buf[65536];
-      pollfd q = {c, POLLIN, 0};
-      for (ssize_t n; !hang_up && poll(&q, 1, 30000) > 0 && (n = read(c, buf, sizeof buf)) > 0;)
-        got.append(buf, static_cast<size_t>(n));
-      close(c);
-      received_.push_back(got);
-    }
-  }
-  int fd_;
-  std::thread thread_;
-  std::vector<std::string> received_;
-};
 
 class DestinationTest : public TactoTest {
  protected:
@@ -295,89 +228,32 @@ TEST_F(DestinationTest, TerminalTakesTheLineSettingsAndBytesUnchanged) {
   close(master);
 }
 
-// A CUPS scheduler of the test's own on a loopback port, with every
-// directory in a temporary tree, no authentication, and the library
-// pointed at it.
+// A CUPS scheduler of the test's own, the library pointed at it.
 class CupsTest : public DestinationTest {
  protected:
   void SetUp() override {
     DestinationTest::SetUp();
-    std::string cupsd = access("/usr/sbin/cupsd", X_OK) == 0 ? "/usr/sbin/cupsd" : "";
-    if (cupsd.empty()) GTEST_SKIP() << "cupsd is not installed (Debian: cups)";
-    // The scheduler's backends run as another user: the tree must be open to it.
-    char tmpl[] = "/tmp/tacto-cups-XXXXXX";
-    root_ = mkdtemp(tmpl);
-    chmod(root_.c_str(), 0755);
-    for (const char *dir : {"/conf", "/spool", "/cache", "/state", "/log", "/tmp"}) mkdir((root_ + dir).c_str(), 0755);
-    port_ = free_port();
-    server_ = "127.0.0.1:" + std::to_string(port_);
-    std::ofstream(root_ + "/cupsd.conf")
-        << "Listen " << server_ << "\nLogLevel warn\nBrowsing Off\nWebInterface No\nDefaultAuthType None\n"
-        << "<Location />\n  Order allow,deny\n  Allow all\n</Location>\n<Policy default>\n  <Limit All>\n"
-        << "    AuthType None\n    Order allow,deny\n    Allow all\n  </Limit>\n</Policy>\n";
-    std::ofstream files(root_ + "/cups-files.conf");
-    for (const char *key : {"ServerRoot conf", "RequestRoot spool", "CacheDir cache", "StateDir state", "TempDir tmp",
-                            "ErrorLog log/error_log", "AccessLog log/access_log", "PageLog log/page_log"}) {
-      std::string line = key;
-      files << line.replace(line.find(' '), 1, " " + root_ + "/") << "\n";
-    }
-    files.close();
-    pid_ = fork();
-    if (pid_ == 0) {
-      int log = open((root_ + "/log/cupsd.out").c_str(), O_WRONLY | O_CREAT, 0644);
-      dup2(log, 1);
-      dup2(log, 2);
-      execl(cupsd.c_str(), "cupsd", "-f", "-c", (root_ + "/cupsd.conf").c_str(), "-s",
-            (root_ + "/cups-files.conf").c_str(), static_cast<char *>(nullptr));
-      _exit(127);
-    }
-    // Up to 10 s for the scheduler to take connections.
-    int up = -1, status;
-    for (int i = 0; i < 200 && up < 0 && waitpid(pid_, &status, WNOHANG) == 0; i++)
-      if ((up = loopback(port_, false)) < 0) usleep(50000);
-    ASSERT_GE(up, 0) << read_file(root_ + "/log/cupsd.out") << read_file(root_ + "/log/error_log");
-    close(up);
-    cupsSetServer(server_.c_str());
+    if (!CupsServer::installed()) GTEST_SKIP() << "cupsd is not installed (Debian: cups)";
+    cups_.reset(new CupsServer);
+    ASSERT_TRUE(cups_->up()) << cups_->log();
+    cupsSetServer(cups_->server().c_str());
   }
-
   void TearDown() override {
-    stop_server();
+    cups_.reset();
     cupsSetServer(nullptr);
-    if (!root_.empty() && system(("rm -rf '" + root_ + "'").c_str()) != 0) ADD_FAILURE() << "left " << root_;
     DestinationTest::TearDown();
   }
-
-  // Stops the scheduler by its process id.
-  void stop_server() {
-    if (pid_ <= 0) return;
-    kill(pid_, SIGTERM);
-    int status, gone = 0;
-    for (int i = 0; i < 100 && !(gone = waitpid(pid_, &status, WNOHANG) == pid_); i++) usleep(50000);
-    if (!gone) {
-      kill(pid_, SIGKILL);
-      waitpid(pid_, &status, 0);
-    }
-    pid_ = -1;
-  }
-
-  // Runs lpadmin against the test's scheduler; 1 when it succeeded.
-  int lpadmin(const std::string &args) {
-    return system(("lpadmin -h " + server_ + " " + args + " >>" + root_ + "/log/lpadmin.out 2>&1").c_str()) == 0;
-  }
-
-  std::string root_, server_;
-  int port_ = 0;
-  pid_t pid_ = -1;
+  std::unique_ptr<CupsServer> cups_;
 };
 
 TEST_F(CupsTest, RawJobsReachTheQueueDeviceOncePerCopy) {
   Listener emb(3);
-  ASSERT_TRUE(lpadmin("-p emb -E -v " + emb.url())) << read_file(root_ + "/log/lpadmin.out");
+  ASSERT_TRUE(cups_->lpadmin("-p emb -E -v " + emb.url())) << cups_->log();
   std::string job = job_bytes(200000);
   int first = 0, second = 0, third = 0;
   EXPECT_EQ(deliver_buffer(dest("cups:emb"), job.data(), job.size(), "house_plan.txt", &first), 1);
   EXPECT_EQ(deliver_file(dest("cups:emb"), write_file("tmp.out", job).c_str(), "house_plan.txt", &second), 1);
-  ASSERT_TRUE(lpadmin("-d emb"));
+  ASSERT_TRUE(cups_->lpadmin("-d emb"));
   EXPECT_EQ(deliver_buffer(dest("cups:"), job.data(), job.size(), "", &third), 1);
   EXPECT_GT(first, 0);
   EXPECT_EQ(second, first + 1);
@@ -399,7 +275,7 @@ TEST_F(CupsTest, UnknownQueueAndMissingServerAreReported) {
   expect_one_error("printer [cups:nosuch] no such queue");
   EXPECT_EQ(deliver_buffer(dest("cups:"), "x", 1, "t", nullptr), 0);
   expect_one_error("printer [cups:] has no default queue");
-  stop_server();
+  cups_->stop();
   EXPECT_EQ(deliver_buffer(dest("cups:emb"), "x", 1, "t", nullptr), 0);
-  expect_one_error("printer [cups:emb] found no print server at " + server_);
+  expect_one_error("printer [cups:emb] found no print server at " + cups_->server());
 }
