@@ -338,7 +338,7 @@ static void release_sigpipe(const PipeGuard &g) {
 template <typename Source>
 static int deliver(const Destination &d, const char *title, int *job_id, Source next) {
   if (job_id != nullptr) *job_id = 0;
-  if (d.problem != nullptr) return fail(d, "%s", d.problem);
+  if (!destination_usable(d)) return 0;
   PipeGuard guard;
   hold_sigpipe(guard);
   Sink s;
@@ -384,11 +384,7 @@ int deliver_file(const Destination &d, const char *file, const char *title, int 
   return ok;
 }
 
-void serial_device(char *buf, int size) {
-  Destination d;
-  parse_destination(serial.port, serial, &d);
-  snprintf(buf, size, "%s", d.label);
-}
+int destination_usable(const Destination &d) { return d.problem == nullptr || fail(d, "%s", d.problem); }
 
 void apply_serial() {
   Destination d;
@@ -401,41 +397,4 @@ void apply_serial() {
   if (fd < 0) return;
   if (isatty(fd)) set_line(fd, serial);
   close(fd);
-}
-
-int copy_to_port(const char *file) {
-  char path[PORT_NAME_SIZE + 16];
-  serial_device(path, sizeof path);
-  // Sockets and queues are reached by deliver_file only.
-  Destination d;
-  if (!parse_destination(serial.port, serial, &d) || (d.kind != DEST_SERIAL && d.kind != DEST_PATH)) return 0;
-  FILE *in = fopen(file, "rb");
-  if (in == nullptr) return 0;
-  // A port may be a device or a plain file; writes wait for the embosser,
-  // but not for ever.
-  int fd = open(path, O_WRONLY | O_NOCTTY | O_NONBLOCK | O_CREAT | O_APPEND, 0644);
-  if (fd < 0) {
-    fclose(in);
-    return 0;
-  }
-  int ok = 1;
-  char buf[4096];
-  size_t n;
-  while (ok && (n = fread(buf, 1, sizeof buf, in)) > 0) {
-    size_t done = 0;
-    while (done < n) {
-      ssize_t w = write(fd, buf + done, n - done);
-      if (w > 0) {
-        done += static_cast<size_t>(w);
-        continue;
-      }
-      struct pollfd p = {fd, POLLOUT, 0};
-      if (w < 0 && errno != EAGAIN && errno != EINTR) ok = 0;
-      else if (poll(&p, 1, 30000) <= 0) ok = 0;
-      if (!ok) break;
-    }
-  }
-  close(fd);
-  fclose(in);
-  return ok;
 }

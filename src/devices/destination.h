@@ -57,15 +57,12 @@ int deliver_buffer(const Destination &d, const char *data, size_t size, const ch
 // that cannot be read gives "job [FILE] was not open (REASON)".
 int deliver_file(const Destination &d, const char *file, const char *title, int *job_id);
 
-// The port as messages name it ("COM3" -> "/dev/ttyS2", "cups:emb").
-void serial_device(char *buf, int size);
+// 1 when the name was read as a destination; else 0 after the error
+// "printer [NAME] PROBLEM".
+int destination_usable(const Destination &d);
 
 // Applies the settings when the port is a terminal device; a failure goes
 // unreported.
 void apply_serial();
-
-// Copies a file to a serial port or path unchanged; 0 when the port is
-// neither, cannot be opened or takes no data for half a minute.
-int copy_to_port(const char *file);
 
 #endif

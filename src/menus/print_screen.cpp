@@ -1,21 +1,31 @@
 // print_screen.cpp - the print job: its questions, and the copies it runs.
 #include "menus/print_screen.h"
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <string>
+#include <unistd.h>
 
 #include "core/diag.h"
 #include "core/process.h"
 #include "core/run_state.h"
 #include "devices/embosser.h"
 #include "devices/postscript.h"
-#include "devices/destination.h"
-#include "devices/serial.h"
 #include "geometry/page.h"
 #include "geometry/winstack.h"
 #include "interp/reader.h"
 #include "menus/console_io.h"
+#include "platform/paths.h"
 #include "platform/platform.h"
+
+// Where the bytes of a job went.
+static const char kDestination[] = "\ndestination: %s";        // before the printer question
+static const char kSentCopy[] = "sent to %s";                  // after "copy N: "
+static const char kSentJob[] = "sent to %s as job %d";         // the same, on a CUPS queue
+static const char kSentLine[] = "\nsent to %s";                // after "has executed"
+static const char kWrittenLine[] = "\nwritten to %s";          // the same, for a file
+static const char kNoTempFile[] = "temporary file in [%s] was not made (%s)";
 
 PrintScreen print_screen_state;
 
@@ -57,18 +67,19 @@ static int confirm(const char *question) {
   }
 }
 
-// One copy: the program interpreted with the output open.
+// One copy: the program interpreted with the output open. 0 after the
+// error when a file is not open.
 static int print_copy(const char *program, const char *output, int printer_mode) {
   RunState &r = run_state;
   FILE *in = fopen(program, "r");
-  if (in == nullptr) return refuse_with_key("Tacto [%s] was not open", program, "press any key ? ");
+  if (in == nullptr) return put_errorf("Tacto [%s] was not open", program);
   copy_text(r.fname, NAME_SIZE, program);
   copy_text(r.program_file, PROGRAM_FILE_SIZE, program);
   winstack_set_top(in, program);
   FILE *out = fopen(output, "w");
   if (out == nullptr) {
     fclose(in);
-    return refuse_with_key("output [%s] was not open", output, "press any key ? ");
+    return put_errorf("output [%s] was not open", output);
   }
   begin_copy(out, printer_mode);
   r.print_out = out;
@@ -84,24 +95,44 @@ static int print_copy(const char *program, const char *output, int printer_mode)
   return 1;
 }
 
-int print_program(const char *program, const char *output, int copies, int printer_mode, int target) {
+// Sends the copy just made to the printer and says where it went; a
+// failure is the destination's one error, told from the program's lines.
+static int send_copy(const char *program, const char *output, const Destination &d) {
+  RunState &r = run_state;
+  r.line_number = 0;
+  copy_text(r.cname, NAME_SIZE, "print");
+  const char *slash = strrchr(program, '/');
+  int job_id = 0;
+  if (!deliver_file(d, output, slash != nullptr ? slash + 1 : program, &job_id)) return 0;
+  if (job_id > 0) fprintf(stderr, kSentJob, d.label, job_id);
+  else fprintf(stderr, kSentCopy, d.label);
+  return 1;
+}
+
+// The copies of a job into `output`, each sent on to `d` when it is given;
+// 1 when every copy was made (and sent), 0 after the first failure.
+static int run_copies(const char *program, const char *output, int copies, int printer_mode, int target,
+                      const Destination *d) {
   RunState &r = run_state;
   int saved_print = r.in_print;
   r.in_print = 1;
-  if (target == TO_PRINTER) apply_serial();
   if (target == TO_EXCHANGE) r.run_mode = MODE_CONVERT;
   int ok = 1;
   for (int copy = 1; copy <= copies && ok; copy++) {
     fprintf(stderr, "\n\ncopy %d: ", copy);
-    ok = print_copy(program, output, printer_mode);
-    if (ok && target == TO_PRINTER && !copy_to_port(output)) {
-      char port[PORT_NAME_SIZE + 16];
-      serial_device(port, sizeof port);
-      ok = refuse_with_key("port [%s] was not open", port, "press any key ? ");
-    }
+    ok = print_copy(program, output, printer_mode) && (d == nullptr || send_copy(program, output, *d));
   }
   if (r.run_mode == MODE_CONVERT) r.run_mode = MODE_NORMAL;
   r.in_print = saved_print;
+  return ok;
+}
+
+int print_job(const char *program, const Destination &d, int copies, int printer_mode) {
+  if (!destination_usable(d)) return 0;
+  std::string temp = make_temp_file("tacto-print");
+  if (temp.empty()) return put_errorf(kNoTempFile, temp_dir().c_str(), strerror(errno));
+  int ok = run_copies(program, temp.c_str(), copies, printer_mode, TO_PRINTER, &d);
+  unlink(temp.c_str());
   return ok;
 }
 
@@ -123,9 +154,13 @@ int print_screen() {
   int target = print_screen_state.output;
   char output[PROGRAM_FILE_SIZE];
   char fallback[PROGRAM_FILE_SIZE];
+  Destination d;
   if (target == TO_PRINTER) {
-    std::string temp = path_dir(program_path()) + "tmp.out";
-    copy_text(output, sizeof output, temp.c_str());
+    parse_destination(serial.port, serial, &d);
+    if (!destination_usable(d)) {
+      press_any_key("\n   press any key ? ");
+      return 1;
+    }
   } else {
     std::string ext = target == TO_FILE ? ".out" : ".tgx";
     copy_text(fallback, sizeof fallback, (path_dir(program) + path_base(program) + ext).c_str());
@@ -139,20 +174,31 @@ int print_screen() {
   }
 
   char question[2 * PROGRAM_FILE_SIZE + 64];
-  if (target == TO_PRINTER)
+  if (target == TO_PRINTER) {
+    fprintf(stderr, kDestination, d.label);
     snprintf(question, sizeof question, "\nouput %s in %s (Y/N)[yes] ? ", program,
              printer_table[page_geom.printer].name);
-  else
+  } else {
     snprintf(question, sizeof question, "\nconvert %s to %s (Y/N)[yes] ? ", program, output);
+  }
   if (!confirm(question)) return 1;
 
-  print_program(program, output, print_screen_state.copies, print_screen_state.printer_mode, target);
+  const PrintScreen &p = print_screen_state;
+  int ok = target == TO_PRINTER ? print_job(program, d, p.copies, p.printer_mode)
+                                : run_copies(program, output, p.copies, p.printer_mode, target, nullptr);
+  // A job that failed is not reported as executed.
+  if (!ok) {
+    press_any_key("press any key ? ");
+    return 1;
+  }
 
   if (r.errlist_on) error_list(2);
   if (r.error_count > 0) press_any_key(" press any key ? ");
   copy_text(r.fname, NAME_SIZE, program);
   r.error_count = r.warning_count = 0;
   fprintf(stderr, "\nTacto [%s] has executed", program);
+  if (target == TO_PRINTER) fprintf(stderr, kSentLine, d.label);
+  else fprintf(stderr, kWrittenLine, output);
   press_any_key("\n   press any key ? ");
   return 1;
 }

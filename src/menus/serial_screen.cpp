@@ -6,8 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <string>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <strings.h>
 
 #include "core/diag.h"
 #include "core/run_state.h"
@@ -19,6 +18,12 @@
 static const char *const kParity[3] = {"None", "Odd", "Even"};
 static const char *const kStop[3] = {"1.0", "1.5", "2.0"};
 
+// The destinations a port name may also be, where its bytes go, and why a
+// name is none.
+static const char kOtherPorts[] = "(/dev/usb/lp0, /path/to/file, socket://HOST:9100, cups:QUEUE, cups:)\n";
+static const char kDestination[] = "Destination  = %s\n";
+static const char kNoDestination[] = "%s %s\n";
+
 void normalize_port(const char *typed, char *out, int size) {
   std::string name = typed;
   int digits = !name.empty() && strspn(typed, "0123456789") == name.size();
@@ -26,24 +31,6 @@ void normalize_port(const char *typed, char *out, int size) {
   else if (strncasecmp(typed, "com", 3) == 0)
     for (int i = 0; i < 3; i++) name[i] = static_cast<char>(toupper(static_cast<unsigned char>(name[i])));
   copy_text(out, size, name.c_str());
-}
-
-int port_usable(const char *name) {
-  // A COM name is always taken: whether the machine has that port shows
-  // when the settings are applied, as with any other port.
-  if (strncmp(name, "COM", 3) == 0 && name[3] != '\0' && strspn(name + 3, "0123456789") == strlen(name + 3) &&
-      strlen(name + 3) <= 3)
-    return 1;
-  SerialSettings saved = serial;
-  copy_text(serial.port, PORT_NAME_SIZE, name);
-  char path[PORT_NAME_SIZE + 16];
-  serial_device(path, sizeof path);
-  serial = saved;
-  struct stat st;
-  if (stat(path, &st) == 0) return S_ISCHR(st.st_mode) || S_ISREG(st.st_mode);
-  // A file in a writable directory may stand for the port.
-  std::string dir = path_dir(path);
-  return access(dir.empty() ? "." : dir.c_str(), W_OK) == 0;
 }
 
 // One question: the answer as text, "" for Enter; 0 when the user goes back.
@@ -81,20 +68,24 @@ static int ask_range(const char *choices, const char *prompt, int lo, int hi, in
 
 int serial_screen() {
   SerialSettings s = serial;
+  Destination dest;
   char buf[TEXT_SIZE + 1], prompt[PORT_NAME_SIZE + 64];
   fprintf(stderr, "\n\nSerial Port Setting\n\n\n(Keyin Period and Enter if return to Tacto menu.)");
 
   for (;;) {  // the port
     snprintf(prompt, sizeof prompt, "Port Name[%s] = ", s.port);
     fputs("\n(1:COM1, 2:COM2, 3:COM3, 4: COM4, ...)\n", stderr);
+    fputs(kOtherPorts, stderr);
     if (!answer(prompt, buf, sizeof buf)) return 1;
     char name[PORT_NAME_SIZE];
     normalize_port(buf[0] ? buf : s.port, name, sizeof name);
-    if (port_usable(name)) {
+    if (parse_destination(name, s, &dest)) {
       copy_text(s.port, PORT_NAME_SIZE, name);
       beep(1760, 50);
       break;
     }
+    // A serial port's number is asked again in silence; another name is told what is wrong.
+    if (strncmp(name, "COM", 3) != 0) fprintf(stderr, kNoDestination, name, dest.problem);
   }
   for (;;) {  // the baud rate: an index of the table or a rate of it
     fputc('\n', stderr);
@@ -142,6 +133,7 @@ int serial_screen() {
   fprintf(stderr, "Flow control = %s\n", s.xon ? "Xon / Xoff" : "None");
   fprintf(stderr, "Parity       = %s\n", kParity[s.parity]);
   fprintf(stderr, "Stop bits    = %.1f\n", s.stop == 0 ? 1.0 : s.stop == 1 ? 1.5 : 2.0);
+  fprintf(stderr, kDestination, dest.label);
   for (;;) {
     fputs("Serial Port Setting correct (Y/N)[yes] ? ", stderr);
     int key = get_key();
