@@ -23,6 +23,7 @@
 #include "menus/main_menu.h"
 #include "platform/platform.h"
 #include "shell/options.h"
+#include "shell/print_run.h"
 #include "shell/settings_file.h"
 
 static void print_usage() {
@@ -177,6 +178,12 @@ int tacto_main(int argc, char **argv) {
   select_paper(run_state.printer, run_state.paper_size);
   if (run_state.error_count > 0) press_any_key(" !!! system error !!! press any key ? ");
 
+  // --print: the program goes to its destination instead of standard output.
+  if (input != nullptr && opts.produce == PRODUCE_PRINT) {
+    fclose(input);
+    input = nullptr;
+    status = print_run(opts, input_name);
+  }
   if (input_name != nullptr) {
     if (input != nullptr) {
       beep(1760, 50);
