@@ -7,6 +7,7 @@
 #include "core/diag.h"
 #include "core/process.h"
 #include "core/run_state.h"
+#include "core/screen_text.h"
 #include "devices/embosser.h"
 #include "devices/postscript.h"
 #include "devices/destination.h"
@@ -32,17 +33,18 @@ static int ask_name(const char *label, const char *fallback, char *out, int size
 // Mode, copies and output, each asked until the answer is valid; 0 when
 // the user goes back.
 static int ask_settings() {
-  static const char *const modes[2] = {"plotter mode", "printer mode"};
-  static const char *const outputs[3] = {"printer", "file", "exchange"};
+  static const int modes[2] = {ST_PLOTTER_MODE, ST_PRINTER_MODE};
+  static const int outputs[3] = {ST_TO_PRINTER, ST_TO_FILE, ST_TO_EXCHANGE};
   PrintScreen &p = print_screen_state;
-  char prompt[96];
-  snprintf(prompt, sizeof prompt, "\n(0: plotter mode, 1: printer mode)\nmode [%s] = ",
-           modes[p.printer_mode ? 1 : 0]);
+  char prompt[256];
+  snprintf(prompt, sizeof prompt, "\n%s\n%s [%s] = ", screen_text(ST_MODE_CHOICES), screen_text(ST_MODE),
+           screen_text(modes[p.printer_mode ? 1 : 0]));
   if (!ask_number(prompt, 2, 0, 0, 1, &p.printer_mode)) return 0;
-  snprintf(prompt, sizeof prompt, "\nHow many copies (1-99)[%d] = ", p.copies);
+  snprintf(prompt, sizeof prompt, screen_text(ST_COPIES_PROMPT), p.copies);
   // Three characters wide, so that 100 is read, and refused.
   if (!ask_number(prompt, 3, p.copies, 1, 99, &p.copies)) return 0;
-  snprintf(prompt, sizeof prompt, "\n(0: printer, 1: file, 2: exchange file)\noutput [%s] ? ", outputs[p.output]);
+  snprintf(prompt, sizeof prompt, "\n%s\n%s [%s] ? ", screen_text(ST_OUTPUT_CHOICES), screen_text(ST_OUTPUT),
+           screen_text(outputs[p.output]));
   return ask_number(prompt, 2, TO_PRINTER, TO_PRINTER, TO_EXCHANGE, &p.output);
 }
 
@@ -61,14 +63,14 @@ static int confirm(const char *question) {
 static int print_copy(const char *program, const char *output, int printer_mode) {
   RunState &r = run_state;
   FILE *in = fopen(program, "r");
-  if (in == nullptr) return refuse_with_key("Tacto [%s] was not open", program, "press any key ? ");
+  if (in == nullptr) return refuse_with_key("Tacto [%s] was not open", program, "");
   copy_text(r.fname, NAME_SIZE, program);
   copy_text(r.program_file, PROGRAM_FILE_SIZE, program);
   winstack_set_top(in, program);
   FILE *out = fopen(output, "w");
   if (out == nullptr) {
     fclose(in);
-    return refuse_with_key("output [%s] was not open", output, "press any key ? ");
+    return refuse_with_key("output [%s] was not open", output, "");
   }
   begin_copy(out, printer_mode);
   r.print_out = out;
@@ -92,12 +94,12 @@ int print_program(const char *program, const char *output, int copies, int print
   if (target == TO_EXCHANGE) r.run_mode = MODE_CONVERT;
   int ok = 1;
   for (int copy = 1; copy <= copies && ok; copy++) {
-    fprintf(stderr, "\n\ncopy %d: ", copy);
+    fprintf(stderr, screen_text(ST_COPY), copy);
     ok = print_copy(program, output, printer_mode);
     if (ok && target == TO_PRINTER && !copy_to_port(output)) {
       char port[PORT_NAME_SIZE + 16];
       serial_device(port, sizeof port);
-      ok = refuse_with_key("port [%s] was not open", port, "press any key ? ");
+      ok = refuse_with_key("port [%s] was not open", port, "");
     }
   }
   if (r.run_mode == MODE_CONVERT) r.run_mode = MODE_NORMAL;
@@ -107,13 +109,13 @@ int print_program(const char *program, const char *output, int copies, int print
 
 int print_screen() {
   RunState &r = run_state;
-  screen_title("program", "Print a command Program");
+  screen_title("program", screen_text(ST_PRINT_TITLE));
 
   char program[PROGRAM_FILE_SIZE];
-  if (!ask_name("Tacto file", r.program_file, program, sizeof program)) return 1;
+  if (!ask_name(screen_text(ST_TACTO_FILE), r.program_file, program, sizeof program)) return 1;
   FILE *probe = fopen(program, "r");
   if (probe == nullptr) {
-    refuse_with_key("Tacto [%s] was not open", program, "\n   press any key ? ");
+    refuse_with_key("Tacto [%s] was not open", program, "\n   ");
     return 1;
   }
   fclose(probe);
@@ -129,10 +131,10 @@ int print_screen() {
   } else {
     std::string ext = target == TO_FILE ? ".out" : ".tgx";
     copy_text(fallback, sizeof fallback, (path_dir(program) + path_base(program) + ext).c_str());
-    if (!ask_name(target == TO_FILE ? "output file" : "exchange file", fallback, output, sizeof output)) return 1;
+    if (!ask_name(screen_text(target == TO_FILE ? ST_OUTPUT_FILE : ST_EXCHANGE_FILE), fallback, output, sizeof output)) return 1;
     FILE *test = fopen(output, "w");
     if (test == nullptr) {
-      refuse_with_key("file [%s] was not open", output, "   press any key ? ");
+      refuse_with_key("file [%s] was not open", output, "   ");
       return 1;
     }
     fclose(test);
@@ -140,19 +142,19 @@ int print_screen() {
 
   char question[2 * PROGRAM_FILE_SIZE + 64];
   if (target == TO_PRINTER)
-    snprintf(question, sizeof question, "\nouput %s in %s (Y/N)[yes] ? ", program,
+    snprintf(question, sizeof question, screen_text(ST_PRINT_CONFIRM), program,
              printer_table[page_geom.printer].name);
   else
-    snprintf(question, sizeof question, "\nconvert %s to %s (Y/N)[yes] ? ", program, output);
+    snprintf(question, sizeof question, screen_text(ST_CONVERT_CONFIRM), program, output);
   if (!confirm(question)) return 1;
 
   print_program(program, output, print_screen_state.copies, print_screen_state.printer_mode, target);
 
   if (r.errlist_on) error_list(2);
-  if (r.error_count > 0) press_any_key(" press any key ? ");
+  if (r.error_count > 0) wait_for_key(" ");
   copy_text(r.fname, NAME_SIZE, program);
   r.error_count = r.warning_count = 0;
-  fprintf(stderr, "\nTacto [%s] has executed", program);
-  press_any_key("\n   press any key ? ");
+  fprintf(stderr, screen_text(ST_EXECUTED), program);
+  wait_for_key("\n   ");
   return 1;
 }
