@@ -7,6 +7,7 @@
 #include "core/diag.h"
 #include "core/run_state.h"
 #include "core/screen_text.h"
+#include "devices/embosser.h"
 #include "geometry/page.h"
 #include "geometry/winstack.h"
 #include "interp/help.h"
@@ -35,7 +36,9 @@ static void console_run(int run_mode) {
   // and Debug items it ends the activity.
   run_state.in_console = run_mode == MODE_NORMAL;
   winstack_set_top(stdin, "console");
+  hold_terminal_bytes();
   interpret(stdin);
+  report_held_bytes();
   run_state.in_console = 0;
   run_state.run_mode = MODE_NORMAL;
 }

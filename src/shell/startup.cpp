@@ -14,6 +14,7 @@
 #include "core/run_state.h"
 #include "devices/postscript.h"
 #include "devices/destination.h"
+#include "devices/embosser.h"
 #include "devices/serial.h"
 #include "geometry/page.h"
 #include "geometry/winstack.h"
@@ -181,7 +182,9 @@ int tacto_main(int argc, char **argv) {
     if (input != nullptr) {
       beep(1760, 50);
       winstack_set_top(input, run_state.fname);
+      hold_terminal_bytes();
       interpret(input);
+      report_held_bytes();
     }
   } else {
     main_menu();
