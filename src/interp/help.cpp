@@ -29,7 +29,9 @@ static int continues(const char *line) { return strncmp(line, "  ", 2) == 0; }
 static void help_menu(FILE *help) {
   char title[MSG_SIZE];
   snprintf(title, sizeof title, screen_text(ST_HELP_TITLE), TACTO_VERSION);
-  clear_screen();
+  // Only the menu's screens are cleared: a program's `help` keeps the run's
+  // messages in view.
+  if (run_state.console_input) clear_screen();
   fprintf(stderr, "\n%s\n", title);
   char line[LINE_SIZE];
   int in_menu = 0;

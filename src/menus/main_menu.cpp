@@ -19,8 +19,8 @@
 
 static const char kMenuKeys[] = "1s2c3t4d5l6p7i8e9h0q";
 
-void show_banner() {
-  clear_screen();
+void show_banner(int clear) {
+  if (clear) clear_screen();
   fputs(screen_text(ST_BANNER), stderr);
   fprintf(stderr, "   (%24.24s)\n", local_time_text().c_str());
   fflush(stderr);
@@ -92,7 +92,7 @@ void main_menu() {
     set_portrait();
     if (run_state.quit_requested) {
       beep(880, 200);
-      show_banner();
+      show_banner(1);
       fputs(screen_text(ST_QUIT_QUESTION), stderr);
       fflush(stderr);
       int answer = get_key();

@@ -172,7 +172,9 @@ int tacto_main(int argc, char **argv) {
   // 12-15: names, language, banner, pi, the paper of the settings.
   copy_text(run_state.fname0, NAME_SIZE, run_state.fname);
   if (language >= 0) run_state.language = language;
-  show_banner();
+  // A command-line run keeps what start-up reported on the screen; the menu
+  // starts on a clear one unless start-up has an error to show.
+  show_banner(input_name == nullptr && run_state.error_count == 0);
   run_state.comment_depth = 0;
   evaluate("pi=3.141596");
   select_paper(run_state.printer, run_state.paper_size);
