@@ -5,10 +5,12 @@
 
 #include <cstdarg>
 #include <cstring>
+#include <unistd.h>
 
 #include "core/diag.h"
 #include "core/process.h"
 #include "core/run_state.h"
+#include "core/screen_text.h"
 #include "geometry/page.h"
 #include "geometry/transform.h"
 #include "raster/dmap.h"
@@ -27,8 +29,26 @@ void reset_embosser() {
 int emit(const char *text, int length) {
   if (!embosser.output_enabled) return 0;
   if (embosser.output_suppressed) return 1;
+  if (embosser.hold_terminal && embosser.out == stdout) {
+    embosser.held_bytes += length;
+    return 1;
+  }
   for (int i = 0; i < length; i++) fputc(static_cast<unsigned char>(text[i]), embosser.out);
   return 1;
+}
+
+void hold_terminal_bytes() {
+  embosser.hold_terminal = isatty(fileno(stdout));
+  embosser.held_bytes = 0;
+}
+
+void report_held_bytes() {
+  if (embosser.held_bytes > 0) {
+    fprintf(stderr, screen_text(ST_HELD_BYTES), embosser.held_bytes);
+    fflush(stderr);
+  }
+  embosser.hold_terminal = 0;
+  embosser.held_bytes = 0;
 }
 
 // Writes formatted text to the embosser.

@@ -14,6 +14,8 @@ struct Embosser {
   int plotter_mode;       // the enter sequence was sent
   int everest_setup_sent; // the Everest-D set-up block was sent
   int job_open;           // begin ... end
+  int hold_terminal;      // standard output is a terminal: its bytes are counted, not written
+  long held_bytes;        // bytes counted since hold_terminal_bytes
 };
 extern Embosser embosser;
 
@@ -22,6 +24,14 @@ void reset_embosser();
 
 // Writes text byte by byte; 0 when output is disabled.
 int emit(const char *text, int length);
+
+// A run starts: when standard output is a terminal, the bytes meant for it
+// are counted instead of written, since a terminal is no embosser.
+void hold_terminal_bytes();
+
+// The run has ended: when bytes were held, one line on the error stream
+// says how many and how to send them. Bytes flow to standard output again.
+void report_held_bytes();
 
 // Enters / leaves plotter mode (sends nothing outside run mode 0 or in PostScript).
 void enter_plotter_mode();

@@ -7,6 +7,7 @@
 #include "core/diag.h"
 #include "core/process.h"
 #include "core/run_state.h"
+#include "core/screen_text.h"
 #include "interp/reader.h"
 #include "platform/platform.h"
 
@@ -27,8 +28,10 @@ static int continues(const char *line) { return strncmp(line, "  ", 2) == 0; }
 // Shows the title and the "menu" entry of the help file.
 static void help_menu(FILE *help) {
   char title[MSG_SIZE];
-  snprintf(title, sizeof title, "Help: Tacto Command Menu (ver. %s)", TACTO_VERSION);
-  clear_screen();
+  snprintf(title, sizeof title, screen_text(ST_HELP_TITLE), TACTO_VERSION);
+  // Only the menu's screens are cleared: a program's `help` keeps the run's
+  // messages in view.
+  if (run_state.console_input) clear_screen();
   fprintf(stderr, "\n%s\n", title);
   char line[LINE_SIZE];
   int in_menu = 0;
@@ -88,7 +91,7 @@ int help_browser(FILE *stream) {
   if (help == nullptr) {
     put_error("\"tacto.hlp\" can not open");
     run_state.help_open = 0;
-    press_any_key("\npress any key");
+    press_any_key(screen_text(ST_HELP_PRESS_KEY));
     return 1;
   }
   help_menu(help);
@@ -115,7 +118,7 @@ int help_browser(FILE *stream) {
     if (run_state.run_mode == MODE_DEBUG || run_state.run_mode == MODE_TEST) fputs("\n", help_state.out);
     if (strncasecmp(query, "quit", 4) == 0) {
       run_state.quit_requested = 1;
-      press_any_key("  press any key ? ");
+      wait_for_key("  ");
       break;
     }
   }

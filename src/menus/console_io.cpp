@@ -10,6 +10,7 @@
 #include "core/diag.h"
 #include "core/process.h"
 #include "core/run_state.h"
+#include "core/screen_text.h"
 #include "platform/platform.h"
 
 ConsoleIo console_io;
@@ -113,12 +114,12 @@ void screen_title(const char *name, const char *title) {
   copy_text(run_state.fname, NAME_SIZE, name);
   copy_text(run_state.cname, NAME_SIZE, name);
   beep(1760, 50);
-  fprintf(stderr, "\n\n%s\n(Keyin Period and Enter if return to Tacto menu.)\n", title);
+  fprintf(stderr, "\n\n%s\n%s\n", title, screen_text(ST_BACK_HINT));
 }
 
-int refuse_with_key(const char *format, const char *name, const char *prompt) {
+int refuse_with_key(const char *format, const char *name, const char *lead) {
   put_errorf(format, name);
-  press_any_key(prompt);
+  wait_for_key(lead);
   return 0;
 }
 

@@ -54,9 +54,9 @@ int ask_file_name(const char *label, const char *fallback, char *out, int size);
 // A screen's title and how to leave it; `name` names the activity in messages.
 void screen_title(const char *name, const char *title);
 
-// Reports the error `format` with a name and waits for a key after `prompt`.
-// Returns 0.
-int refuse_with_key(const char *format, const char *name, const char *prompt);
+// Reports the error `format` with a name and waits for a key after `lead`
+// and "press any key ? " in the screen language. Returns 0.
+int refuse_with_key(const char *format, const char *name, const char *lead);
 
 // The name with its extension replaced (".ps", ".bmp").
 void replace_extension(const char *name, const char *ext, char *out, int size);

@@ -7,6 +7,7 @@
 #include "core/diag.h"
 #include "core/process.h"
 #include "core/run_state.h"
+#include "core/screen_text.h"
 #include "devices/bitmap.h"
 #include "devices/postscript.h"
 #include "geometry/winstack.h"
@@ -22,7 +23,7 @@ static void reset_image_jobs() { image_jobs = ImageJobs(); }
 // Opens a program for reading; 0 after "Tacto [%s] was not open".
 static FILE *open_program(const char *program) {
   FILE *in = fopen(program, "r");
-  if (in == nullptr) refuse_with_key("Tacto [%s] was not open", program, "\n   press any key ? ");
+  if (in == nullptr) refuse_with_key("Tacto [%s] was not open", program, "\n   ");
   return in;
 }
 
@@ -63,14 +64,14 @@ int make_postscript(const char *program, const char *output, int ink_print, int 
   }
   if (dmap.in_use) free_dmap();
   ps_close();
-  fprintf(stderr, "\nPostScript file [%s] was generated\n", output);
+  fprintf(stderr, screen_text(ST_POSTSCRIPT_DONE), output);
   run_state.error_count = 0;
   run_state.warning_count = 0;
   return 1;
 }
 
 static int cannot_create(const char *output) {
-  return refuse_with_key("Could not create Bitmap [%s]", output, "  press any key ? ");
+  return refuse_with_key("Could not create Bitmap [%s]", output, "  ");
 }
 
 int make_bitmap(const char *program, const char *output) {
@@ -90,7 +91,7 @@ int make_bitmap(const char *program, const char *output) {
   fclose(in);
   int ok = 1;
   if (bmp_write(output) != 0) ok = cannot_create(output);
-  else fprintf(stderr, "\nBitmap file [%s] was generated\n", output);
+  else fprintf(stderr, screen_text(ST_BITMAP_DONE), output);
   run_state.error_count = 0;
   run_state.warning_count = 0;
   bmp_stop();
@@ -99,7 +100,7 @@ int make_bitmap(const char *program, const char *output) {
 
 // Asks for the program; 0 when the user goes back or it cannot be read.
 static int ask_program(char *program, int size) {
-  if (ask_file_name("Tacto file", run_state.program_file, program, size) < 0) return 0;
+  if (ask_file_name(screen_text(ST_TACTO_FILE), run_state.program_file, program, size) < 0) return 0;
   FILE *in = open_program(program);
   if (in == nullptr) return 0;
   fclose(in);
@@ -115,9 +116,10 @@ static int ask_output(const char *label, const char *program, const char *ext, c
 }
 
 // Asks for a choice of two, shown by name; 0 when the user goes back.
-static int ask_choice(const char *choices, const char *const names[2], int *value) {
+static int ask_choice(int choices, const int names[2], int *value) {
   for (;;) {
-    fprintf(stderr, "\n%s\nmode [%s] = ", choices, names[*value ? 1 : 0]);
+    fprintf(stderr, "\n%s\n%s [%s] = ", screen_text(choices), screen_text(ST_MODE),
+            screen_text(names[*value ? 1 : 0]));
     int n = read_number(2);
     if (n == BACK_TO_MENU) return 0;
     if (n == KEEP_DEFAULT || n == 0 || n == 1) {
@@ -130,24 +132,25 @@ static int ask_choice(const char *choices, const char *const names[2], int *valu
 }
 
 int postscript_job() {
-  screen_title("image", "Generate a PostScript file");
+  screen_title("image", screen_text(ST_POSTSCRIPT_TITLE));
   char program[PROGRAM_FILE_SIZE], output[PROGRAM_FILE_SIZE];
   if (!ask_program(program, sizeof program)) return 1;
-  if (!ask_output("postscript file", program, ".ps", output, sizeof output)) return 1;
-  static const char *const prints[2] = {"dot print", "ink print"};
-  if (!ask_choice("(0: dot print, 1: ink print)", prints, &image_jobs.ink_print)) return 1;
+  if (!ask_output(screen_text(ST_POSTSCRIPT_FILE), program, ".ps", output, sizeof output)) return 1;
+  static const int prints[2] = {ST_DOT_PRINT, ST_INK_PRINT};
+  if (!ask_choice(ST_PRINT_KIND_CHOICES, prints, &image_jobs.ink_print)) return 1;
   if (!image_jobs.ink_print) {
-    static const char *const modes[2] = {"plotter mode", "printer mode"};
-    if (!ask_choice("(0: plotter mode, 1: printer mode)", modes, &image_jobs.printer_mode)) return 1;
+    static const int modes[2] = {ST_PLOTTER_MODE, ST_PRINTER_MODE};
+    if (!ask_choice(ST_MODE_CHOICES, modes, &image_jobs.printer_mode)) return 1;
   }
   make_postscript(program, output, image_jobs.ink_print, image_jobs.printer_mode);
   return 1;
 }
 
 int image_item() {
-  static const char *const kinds[2] = {"Postscript", "Bitmap"};
+  static const int kinds[2] = {ST_POSTSCRIPT, ST_BITMAP};
   beep(1760, 50);
-  fprintf(stderr, "\n\n(0: Postscript, 1: Bitmap)\nmode [%s] ? ", kinds[image_jobs.kind ? 1 : 0]);
+  fprintf(stderr, "\n\n%s\n%s [%s] ? ", screen_text(ST_IMAGE_CHOICES), screen_text(ST_MODE),
+          screen_text(kinds[image_jobs.kind ? 1 : 0]));
   int n = read_number(2);
   if (n == 0 || n == 1) image_jobs.kind = n;
   else if (n != KEEP_DEFAULT) return 1;  // a period, Escape or another number
@@ -155,10 +158,10 @@ int image_item() {
 }
 
 int bitmap_job() {
-  screen_title("image", "Generate a Bitmap file");
+  screen_title("image", screen_text(ST_BITMAP_TITLE));
   char program[PROGRAM_FILE_SIZE], output[PROGRAM_FILE_SIZE];
   if (!ask_program(program, sizeof program)) return 1;
-  if (!ask_output("bitmap file", program, ".bmp", output, sizeof output)) return 1;
+  if (!ask_output(screen_text(ST_BITMAP_FILE), program, ".bmp", output, sizeof output)) return 1;
   make_bitmap(program, output);
   return 1;
 }

@@ -6,6 +6,8 @@
 
 #include "core/diag.h"
 #include "core/run_state.h"
+#include "core/screen_text.h"
+#include "devices/embosser.h"
 #include "geometry/page.h"
 #include "geometry/winstack.h"
 #include "interp/help.h"
@@ -17,11 +19,9 @@
 
 static const char kMenuKeys[] = "1s2c3t4d5l6p7i8e9h0q";
 
-void show_banner() {
-  clear_screen();
-  if (run_state.language == 1) fputs("\n   触図作成システム  Tacto\n", stderr);
-  fputs("\n   Tactile Graphics Production System  (version " TACTO_VERSION ")\n", stderr);
-  fputs("   (1st September, 2018)\n", stderr);
+void show_banner(int clear) {
+  if (clear) clear_screen();
+  fputs(screen_text(ST_BANNER), stderr);
   fprintf(stderr, "   (%24.24s)\n", local_time_text().c_str());
   fflush(stderr);
 }
@@ -36,7 +36,9 @@ static void console_run(int run_mode) {
   // and Debug items it ends the activity.
   run_state.in_console = run_mode == MODE_NORMAL;
   winstack_set_top(stdin, "console");
+  hold_terminal_bytes();
   interpret(stdin);
+  report_held_bytes();
   run_state.in_console = 0;
   run_state.run_mode = MODE_NORMAL;
 }
@@ -45,7 +47,7 @@ static void console_run(int run_mode) {
 static int menu_key() {
   for (;;) {
     beep(1760, 50);
-    fputs("\n\ntacto: s c t d l p i e h q ? ", stderr);
+    fputs(screen_text(ST_MENU_PROMPT), stderr);
     fflush(stderr);
     int key = get_key();
     if (keys_at_end()) return 'q';
@@ -59,9 +61,7 @@ static int menu_key() {
 
 void main_menu() {
   for (;;) {
-    fputs("\n\n\n      Tacto Menu\n1: Set   2: Console  3: Test  4: Debug\n"
-          "5: List  6: Print    7: Image 8: Edel\n9: Help  0: Quit",
-          stderr);
+    fputs(screen_text(ST_MENU), stderr);
     int key = menu_key();
     clear_screen();
     switch (key) {
@@ -85,15 +85,15 @@ void main_menu() {
       case '0': case 'q': run_state.quit_requested = 1; break;
       default:
         // Edel, the exchange-file conversion, has a screen of its own.
-        fputs("\n   this screen is not available in this version\n", stderr);
+        fputs(screen_text(ST_NOT_AVAILABLE), stderr);
         beep(220, 150);
         break;
     }
     set_portrait();
     if (run_state.quit_requested) {
       beep(880, 200);
-      show_banner();
-      fputs("\n\nQuit job (Y/N)[Yes] ? ", stderr);
+      show_banner(1);
+      fputs(screen_text(ST_QUIT_QUESTION), stderr);
       fflush(stderr);
       int answer = get_key();
       if (!(answer == KEY_ENTER || answer == 'y' || answer == '0' || keys_at_end()))

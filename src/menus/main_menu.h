@@ -5,7 +5,8 @@
 // Loops until Quit is chosen and confirmed (end of input confirms it).
 void main_menu();
 
-// The banner: title, version, release date and the current time.
-void show_banner();
+// The banner: title, version, release date and the current time; `clear`
+// clears the screen first (the menu's screens, never a command-line run).
+void show_banner(int clear);
 
 #endif

@@ -10,6 +10,7 @@
 #include "core/diag.h"
 #include "core/process.h"
 #include "core/run_state.h"
+#include "core/screen_text.h"
 #include "devices/embosser.h"
 #include "devices/postscript.h"
 #include "geometry/page.h"
@@ -20,11 +21,6 @@
 #include "platform/platform.h"
 
 // Where the bytes of a job went.
-static const char kDestination[] = "\ndestination: %s";        // before the printer question
-static const char kSentCopy[] = "sent to %s";                  // after "copy N: "
-static const char kSentJob[] = "sent to %s as job %d";         // the same, on a CUPS queue
-static const char kSentLine[] = "\nsent to %s";                // after "has executed"
-static const char kWrittenLine[] = "\nwritten to %s";          // the same, for a file
 static const char kNoTempFile[] = "temporary file in [%s] was not made (%s)";
 
 PrintScreen print_screen_state;
@@ -42,17 +38,18 @@ static int ask_name(const char *label, const char *fallback, char *out, int size
 // Mode, copies and output, each asked until the answer is valid; 0 when
 // the user goes back.
 static int ask_settings() {
-  static const char *const modes[2] = {"plotter mode", "printer mode"};
-  static const char *const outputs[3] = {"printer", "file", "exchange"};
+  static const int modes[2] = {ST_PLOTTER_MODE, ST_PRINTER_MODE};
+  static const int outputs[3] = {ST_TO_PRINTER, ST_TO_FILE, ST_TO_EXCHANGE};
   PrintScreen &p = print_screen_state;
-  char prompt[96];
-  snprintf(prompt, sizeof prompt, "\n(0: plotter mode, 1: printer mode)\nmode [%s] = ",
-           modes[p.printer_mode ? 1 : 0]);
+  char prompt[256];
+  snprintf(prompt, sizeof prompt, "\n%s\n%s [%s] = ", screen_text(ST_MODE_CHOICES), screen_text(ST_MODE),
+           screen_text(modes[p.printer_mode ? 1 : 0]));
   if (!ask_number(prompt, 2, 0, 0, 1, &p.printer_mode)) return 0;
-  snprintf(prompt, sizeof prompt, "\nHow many copies (1-99)[%d] = ", p.copies);
+  snprintf(prompt, sizeof prompt, screen_text(ST_COPIES_PROMPT), p.copies);
   // Three characters wide, so that 100 is read, and refused.
   if (!ask_number(prompt, 3, p.copies, 1, 99, &p.copies)) return 0;
-  snprintf(prompt, sizeof prompt, "\n(0: printer, 1: file, 2: exchange file)\noutput [%s] ? ", outputs[p.output]);
+  snprintf(prompt, sizeof prompt, "\n%s\n%s [%s] ? ", screen_text(ST_OUTPUT_CHOICES), screen_text(ST_OUTPUT),
+           screen_text(outputs[p.output]));
   return ask_number(prompt, 2, TO_PRINTER, TO_PRINTER, TO_EXCHANGE, &p.output);
 }
 
@@ -104,8 +101,8 @@ static int send_copy(const char *program, const char *output, const Destination 
   const char *slash = strrchr(program, '/');
   int job_id = 0;
   if (!deliver_file(d, output, slash != nullptr ? slash + 1 : program, &job_id)) return 0;
-  if (job_id > 0) fprintf(stderr, kSentJob, d.label, job_id);
-  else fprintf(stderr, kSentCopy, d.label);
+  if (job_id > 0) fprintf(stderr, screen_text(ST_SENT_JOB), d.label, job_id);
+  else fprintf(stderr, screen_text(ST_SENT_COPY), d.label);
   return 1;
 }
 
@@ -119,7 +116,7 @@ static int run_copies(const char *program, const char *output, int copies, int p
   if (target == TO_EXCHANGE) r.run_mode = MODE_CONVERT;
   int ok = 1;
   for (int copy = 1; copy <= copies && ok; copy++) {
-    fprintf(stderr, "\n\ncopy %d: ", copy);
+    fprintf(stderr, screen_text(ST_COPY), copy);
     ok = print_copy(program, output, printer_mode) && (d == nullptr || send_copy(program, output, *d));
   }
   if (r.run_mode == MODE_CONVERT) r.run_mode = MODE_NORMAL;
@@ -138,13 +135,13 @@ int print_job(const char *program, const Destination &d, int copies, int printer
 
 int print_screen() {
   RunState &r = run_state;
-  screen_title("program", "Print a command Program");
+  screen_title("program", screen_text(ST_PRINT_TITLE));
 
   char program[PROGRAM_FILE_SIZE];
-  if (!ask_name("Tacto file", r.program_file, program, sizeof program)) return 1;
+  if (!ask_name(screen_text(ST_TACTO_FILE), r.program_file, program, sizeof program)) return 1;
   FILE *probe = fopen(program, "r");
   if (probe == nullptr) {
-    refuse_with_key("Tacto [%s] was not open", program, "\n   press any key ? ");
+    refuse_with_key("Tacto [%s] was not open", program, "\n   ");
     return 1;
   }
   fclose(probe);
@@ -164,10 +161,10 @@ int print_screen() {
   } else {
     std::string ext = target == TO_FILE ? ".out" : ".tgx";
     copy_text(fallback, sizeof fallback, (path_dir(program) + path_base(program) + ext).c_str());
-    if (!ask_name(target == TO_FILE ? "output file" : "exchange file", fallback, output, sizeof output)) return 1;
+    if (!ask_name(screen_text(target == TO_FILE ? ST_OUTPUT_FILE : ST_EXCHANGE_FILE), fallback, output, sizeof output)) return 1;
     FILE *test = fopen(output, "w");
     if (test == nullptr) {
-      refuse_with_key("file [%s] was not open", output, "   press any key ? ");
+      refuse_with_key("file [%s] was not open", output, "   ");
       return 1;
     }
     fclose(test);
@@ -175,11 +172,11 @@ int print_screen() {
 
   char question[2 * PROGRAM_FILE_SIZE + 64];
   if (target == TO_PRINTER) {
-    fprintf(stderr, kDestination, d.label);
-    snprintf(question, sizeof question, "\nouput %s in %s (Y/N)[yes] ? ", program,
+    fprintf(stderr, screen_text(ST_DESTINATION), d.label);
+    snprintf(question, sizeof question, screen_text(ST_PRINT_CONFIRM), program,
              printer_table[page_geom.printer].name);
   } else {
-    snprintf(question, sizeof question, "\nconvert %s to %s (Y/N)[yes] ? ", program, output);
+    snprintf(question, sizeof question, screen_text(ST_CONVERT_CONFIRM), program, output);
   }
   if (!confirm(question)) return 1;
 
@@ -188,17 +185,17 @@ int print_screen() {
                                 : run_copies(program, output, p.copies, p.printer_mode, target, nullptr);
   // A job that failed is not reported as executed.
   if (!ok) {
-    press_any_key("press any key ? ");
+    wait_for_key("");
     return 1;
   }
 
   if (r.errlist_on) error_list(2);
-  if (r.error_count > 0) press_any_key(" press any key ? ");
+  if (r.error_count > 0) wait_for_key(" ");
   copy_text(r.fname, NAME_SIZE, program);
   r.error_count = r.warning_count = 0;
-  fprintf(stderr, "\nTacto [%s] has executed", program);
-  if (target == TO_PRINTER) fprintf(stderr, kSentLine, d.label);
-  else fprintf(stderr, kWrittenLine, output);
-  press_any_key("\n   press any key ? ");
+  fprintf(stderr, screen_text(ST_EXECUTED), program);
+  if (target == TO_PRINTER) fprintf(stderr, screen_text(ST_SENT_LINE), d.label);
+  else fprintf(stderr, screen_text(ST_WRITTEN_LINE), output);
+  wait_for_key("\n   ");
   return 1;
 }

@@ -10,18 +10,16 @@
 
 #include "core/diag.h"
 #include "core/run_state.h"
+#include "core/screen_text.h"
 #include "devices/destination.h"
 #include "devices/serial.h"
 #include "menus/console_io.h"
 #include "platform/platform.h"
 
-static const char *const kParity[3] = {"None", "Odd", "Even"};
+static const int kParity[3] = {ST_NONE, ST_ODD, ST_EVEN};
 static const char *const kStop[3] = {"1.0", "1.5", "2.0"};
 
-// The destinations a port name may also be, where its bytes go, and why a
-// name is none.
-static const char kOtherPorts[] = "(/dev/usb/lp0, /path/to/file, socket://HOST:9100, cups:QUEUE, cups:)\n";
-static const char kDestination[] = "Destination  = %s\n";
+// Why a name is no destination.
 static const char kNoDestination[] = "%s %s\n";
 
 void normalize_port(const char *typed, char *out, int size) {
@@ -69,13 +67,13 @@ static int ask_range(const char *choices, const char *prompt, int lo, int hi, in
 int serial_screen() {
   SerialSettings s = serial;
   Destination dest;
-  char buf[TEXT_SIZE + 1], prompt[PORT_NAME_SIZE + 64];
-  fprintf(stderr, "\n\nSerial Port Setting\n\n\n(Keyin Period and Enter if return to Tacto menu.)");
+  char buf[TEXT_SIZE + 1], prompt[PORT_NAME_SIZE + 96];
+  fprintf(stderr, "\n\n%s\n\n\n%s", screen_text(ST_SERIAL_TITLE), screen_text(ST_BACK_HINT));
 
   for (;;) {  // the port
-    snprintf(prompt, sizeof prompt, "Port Name[%s] = ", s.port);
+    snprintf(prompt, sizeof prompt, screen_text(ST_PORT_PROMPT), s.port);
     fputs("\n(1:COM1, 2:COM2, 3:COM3, 4: COM4, ...)\n", stderr);
-    fputs(kOtherPorts, stderr);
+    fputs(screen_text(ST_OTHER_PORTS), stderr);
     if (!answer(prompt, buf, sizeof buf)) return 1;
     char name[PORT_NAME_SIZE];
     normalize_port(buf[0] ? buf : s.port, name, sizeof name);
@@ -90,7 +88,7 @@ int serial_screen() {
   for (;;) {  // the baud rate: an index of the table or a rate of it
     fputc('\n', stderr);
     for (int i = 0; i < 8; i++) fprintf(stderr, "%d: %dbps%s", i, baud_table[i], i % 3 == 2 ? "\n" : "  ");
-    snprintf(prompt, sizeof prompt, "\nBaudrate[%dbps] = ", s.baud);
+    snprintf(prompt, sizeof prompt, screen_text(ST_BAUD_PROMPT), s.baud);
     if (!answer(prompt, buf, sizeof buf)) return 1;
     long v = integer_of(buf, s.baud);
     if (v >= 0 && v <= 7) v = baud_table[v];
@@ -102,14 +100,15 @@ int serial_screen() {
       break;
     }
   }
-  snprintf(prompt, sizeof prompt, "bit length[%dbits] = ", s.data_bits);
-  if (!ask_range("(5: 5bits, 6: 6bits, 7: 7bits, 8: 8bits)\n", prompt, 5, 8, &s.data_bits)) return 1;
-  snprintf(prompt, sizeof prompt, "Flow control[%s] = ", s.xon ? "Xon / Xoff" : "None");
-  if (!ask_range("(0: None, 1: Xon / Xoff)\n", prompt, 0, 1, &s.xon)) return 1;
-  snprintf(prompt, sizeof prompt, "Parity[%s] = ", s.parity >= 0 && s.parity <= 2 ? kParity[s.parity] : "???");
-  if (!ask_range("(0: None, 1: Odd, 2: Even)\n", prompt, 0, 2, &s.parity)) return 1;
+  snprintf(prompt, sizeof prompt, screen_text(ST_BITS_PROMPT), s.data_bits);
+  if (!ask_range(screen_text(ST_BITS_CHOICES), prompt, 5, 8, &s.data_bits)) return 1;
+  snprintf(prompt, sizeof prompt, screen_text(ST_FLOW_PROMPT), s.xon ? "Xon / Xoff" : screen_text(ST_NONE));
+  if (!ask_range(screen_text(ST_FLOW_CHOICES), prompt, 0, 1, &s.xon)) return 1;
+  snprintf(prompt, sizeof prompt, screen_text(ST_PARITY_PROMPT),
+           s.parity >= 0 && s.parity <= 2 ? screen_text(kParity[s.parity]) : "???");
+  if (!ask_range(screen_text(ST_PARITY_CHOICES), prompt, 0, 2, &s.parity)) return 1;
   for (;;) {  // stop bits: a code 0-2 or the number of bits itself
-    snprintf(prompt, sizeof prompt, "Stop bits [%s] = ", s.stop >= 0 && s.stop <= 2 ? kStop[s.stop] : "???");
+    snprintf(prompt, sizeof prompt, screen_text(ST_STOP_PROMPT), s.stop >= 0 && s.stop <= 2 ? kStop[s.stop] : "???");
     fputs("\n(0: 1.0, 1: 1.5, 2: 2.0)\n", stderr);
     if (!answer(prompt, buf, sizeof buf)) return 1;
     int code = -1;
@@ -127,15 +126,12 @@ int serial_screen() {
     }
   }
 
-  fprintf(stderr, "\nPort Name    = %s\n", s.port);
-  fprintf(stderr, "BaudRate     = %d\n", s.baud);
-  fprintf(stderr, "bit length   = %d\n", s.data_bits);
-  fprintf(stderr, "Flow control = %s\n", s.xon ? "Xon / Xoff" : "None");
-  fprintf(stderr, "Parity       = %s\n", kParity[s.parity]);
-  fprintf(stderr, "Stop bits    = %.1f\n", s.stop == 0 ? 1.0 : s.stop == 1 ? 1.5 : 2.0);
-  fprintf(stderr, kDestination, dest.label);
+  fprintf(stderr, screen_text(ST_SERIAL_RESULT), s.port, s.baud, s.data_bits,
+          s.xon ? "Xon / Xoff" : screen_text(ST_NONE), screen_text(kParity[s.parity]),
+          s.stop == 0 ? 1.0 : s.stop == 1 ? 1.5 : 2.0);
+  fprintf(stderr, screen_text(ST_PORT_DESTINATION), dest.label);
   for (;;) {
-    fputs("Serial Port Setting correct (Y/N)[yes] ? ", stderr);
+    fputs(screen_text(ST_SERIAL_CONFIRM), stderr);
     int key = get_key();
     if ((key == KEY_ENTER && !keys_at_end()) || key == 'y' || key == '1') {
       beep(1760, 50);

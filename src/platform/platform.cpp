@@ -1,8 +1,10 @@
 // platform.cpp - terminal keys, bell, clock, paths and shells on Linux.
 #include "platform/platform.h"
 
+#include <cctype>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <ctime>
 #include <poll.h>
 #include <sys/wait.h>
@@ -132,6 +134,22 @@ void clear_screen() {
     fflush(stderr);
   }
 }
+
+int utf8_locale(const char *lc_all, const char *lc_ctype, const char *lang) {
+  const char *name = "C";
+  for (const char *v : {lang, lc_ctype, lc_all})
+    if (v != nullptr && *v != '\0') name = v;
+  // The character set lies between the '.' and an '@' modifier; its
+  // spellings differ in case and punctuation ("UTF-8", "utf8").
+  const char *dot = strchr(name, '.');
+  if (dot == nullptr) return 0;
+  std::string set;
+  for (const char *p = dot + 1; *p != '\0' && *p != '@'; p++)
+    if (isalnum(static_cast<unsigned char>(*p))) set += static_cast<char>(tolower(static_cast<unsigned char>(*p)));
+  return set == "utf8";
+}
+
+int terminal_utf8() { return utf8_locale(getenv("LC_ALL"), getenv("LC_CTYPE"), getenv("LANG")); }
 
 std::string program_path() {
   if (!platform.exe_override.empty()) return platform.exe_override;

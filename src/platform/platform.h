@@ -45,6 +45,14 @@ void platform_tone(int frequency, int duration_ms);
 // Clears the console (an ANSI clear on a terminal, nothing otherwise).
 void clear_screen();
 
+// 1 when the locale that names the character set (the first of LC_ALL,
+// LC_CTYPE and LANG that is set and not empty) is a UTF-8 one, as
+// "ja_JP.UTF-8" or "C.utf8"; no locale at all is "C", which is not.
+int utf8_locale(const char *lc_all, const char *lc_ctype, const char *lang);
+
+// utf8_locale of the environment: whether the terminal shows UTF-8 text.
+int terminal_utf8();
+
 // The running program's full path.
 std::string program_path();
 

@@ -14,6 +14,7 @@
 #include "core/run_state.h"
 #include "devices/postscript.h"
 #include "devices/destination.h"
+#include "devices/embosser.h"
 #include "devices/serial.h"
 #include "geometry/page.h"
 #include "geometry/winstack.h"
@@ -172,7 +173,9 @@ int tacto_main(int argc, char **argv) {
   // 12-15: names, language, banner, pi, the paper of the settings.
   copy_text(run_state.fname0, NAME_SIZE, run_state.fname);
   if (language >= 0) run_state.language = language;
-  show_banner();
+  // A command-line run keeps what start-up reported on the screen; the menu
+  // starts on a clear one unless start-up has an error to show.
+  show_banner(input_name == nullptr && run_state.error_count == 0);
   run_state.comment_depth = 0;
   evaluate("pi=3.141596");
   select_paper(run_state.printer, run_state.paper_size);
@@ -188,7 +191,9 @@ int tacto_main(int argc, char **argv) {
     if (input != nullptr) {
       beep(1760, 50);
       winstack_set_top(input, run_state.fname);
+      hold_terminal_bytes();
       interpret(input);
+      report_held_bytes();
     }
   } else {
     main_menu();

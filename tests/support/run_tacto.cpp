@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <fstream>
 #include <poll.h>
+#include <pty.h>
 #include <signal.h>
 #include <sstream>
 #include <sys/stat.h>
@@ -51,6 +52,19 @@ bool TactoDir::exists(const std::string &name) const {
 
 void TactoDir::remove(const std::string &name) const { unlink(file(name).c_str()); }
 
+// In the child: runs ./program with its arguments in dir; never returns.
+[[noreturn]] static void exec_tacto(const std::string &dir, const std::string &program,
+                                    const std::vector<std::string> &args) {
+  if (chdir(dir.c_str()) != 0) _exit(126);
+  std::vector<char *> argv;
+  std::string self = "./" + program;
+  argv.push_back(const_cast<char *>(self.c_str()));
+  for (const std::string &a : args) argv.push_back(const_cast<char *>(a.c_str()));
+  argv.push_back(nullptr);
+  execv(self.c_str(), argv.data());
+  _exit(127);
+}
+
 RunResult TactoDir::run(const std::vector<std::string> &args, const std::string &input,
                         const std::string &program) const {
   if (program != "tacto" && !exists(program)) copy_file(TACTO_BINARY, file(program), 0755);
@@ -62,14 +76,7 @@ RunResult TactoDir::run(const std::vector<std::string> &args, const std::string 
     dup2(out_pipe[1], 1);
     dup2(err_pipe[1], 2);
     for (int fd : {in_pipe[0], in_pipe[1], out_pipe[0], out_pipe[1], err_pipe[0], err_pipe[1]}) close(fd);
-    if (chdir(dir_.c_str()) != 0) _exit(126);
-    std::vector<char *> argv;
-    std::string self = "./" + program;
-    argv.push_back(const_cast<char *>(self.c_str()));
-    for (const std::string &a : args) argv.push_back(const_cast<char *>(a.c_str()));
-    argv.push_back(nullptr);
-    execv(self.c_str(), argv.data());
-    _exit(127);
+    exec_tacto(dir_, program, args);
   }
   close(in_pipe[0]);
   close(out_pipe[1]);
@@ -119,6 +126,46 @@ RunResult TactoDir::run(const std::vector<std::string> &args, const std::string 
   if (out_open || err_open) kill(pid, SIGKILL);
   waitpid(pid, &status, 0);
   result.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  return result;
+}
+
+RunResult TactoDir::run_on_terminal(const std::vector<std::string> &args, const std::vector<std::string> &env,
+                                    const std::vector<Exchange> &dialogue) const {
+  int master = -1;
+  pid_t pid = forkpty(&master, nullptr, nullptr, nullptr);
+  if (pid < 0) return {-1, "", "forkpty failed"};
+  if (pid == 0) {
+    for (const char *name : {"LC_ALL", "LC_CTYPE", "LANG"}) unsetenv(name);
+    for (const std::string &e : env) putenv(const_cast<char *>(e.c_str()));
+    exec_tacto(dir_, "tacto", args);
+  }
+  RunResult result{-1, "", ""};
+  bool silent = false;
+  // Reads what the terminal shows next; false at its end or after 20 s of silence.
+  auto read_more = [&]() {
+    struct pollfd p = {master, POLLIN, 0};
+    char buf[4096];
+    silent = poll(&p, 1, 20000) <= 0;
+    ssize_t n = silent ? -1 : ::read(master, buf, sizeof buf);
+    if (n > 0) result.err.append(buf, static_cast<size_t>(n));
+    return n > 0;
+  };
+  size_t from = 0;
+  for (const Exchange &x : dialogue) {
+    size_t at;
+    while ((at = result.err.find(x.wait_for, from)) == std::string::npos && read_more()) {
+    }
+    if (at == std::string::npos) break;
+    from = at + x.wait_for.size();
+    if (::write(master, x.type.data(), x.type.size()) < 0) break;
+  }
+  while (read_more()) {
+  }
+  close(master);
+  int status = 0;
+  if (silent) kill(pid, SIGKILL);  // a hang fails the test
+  waitpid(pid, &status, 0);
+  if (WIFEXITED(status)) result.status = WEXITSTATUS(status);
   return result;
 }
 

@@ -15,6 +15,12 @@ struct RunResult {
   std::string err;  // standard error: prompts, banner, messages
 };
 
+// A step of a dialogue on a terminal: once `wait_for` shows (after what the
+// step before waited for), `type` is typed.
+struct Exchange {
+  std::string wait_for, type;
+};
+
 class TactoDir {
  public:
   TactoDir();   // a fresh directory holding tacto and tacto.hlp
@@ -28,6 +34,11 @@ class TactoDir {
   // Runs ./tacto (or another name for the program) with arguments and input.
   RunResult run(const std::vector<std::string> &args, const std::string &input = "",
                 const std::string &program = "tacto") const;
+  // Runs ./tacto on a pseudo-terminal, its locale only what `env` sets
+  // ("LANG=ja_JP.UTF-8"), answering the dialogue. `err` is all the terminal
+  // showed; `status` -1 when the program did not end by itself.
+  RunResult run_on_terminal(const std::vector<std::string> &args, const std::vector<std::string> &env,
+                            const std::vector<Exchange> &dialogue) const;
  private:
   std::string dir_;
 };
